@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#include "core/AppDelegate.h"
+
+#include "core/AppState.h"
+
+#include <QGuiApplication>
+#include <QPointer>
+#include <QVariant>
+
+namespace
+{
+constexpr auto delegateProperty = "tovlaDelegate";
+} // namespace
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    // The tray icon is all that there always is; windows come and go.
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    AppState::shared().start();
+}
+
+QObject *applicationDelegate()
+{
+    return qApp->property(delegateProperty).value<QPointer<QObject>>();
+}
+
+void setApplicationDelegate(QObject *delegate)
+{
+    qApp->setProperty(delegateProperty, QVariant::fromValue(QPointer(delegate)));
+}

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#include "core/ThemePreference.h"
+
+#include <algorithm>
+
+QString rawValue(ThemePreference theme)
+{
+    switch (theme) {
+    case ThemePreference::light:
+        return QStringLiteral("light");
+    case ThemePreference::dark:
+        return QStringLiteral("dark");
+    case ThemePreference::system:
+        break;
+    }
+    return QStringLiteral("system");
+}
+
+std::optional<ThemePreference> themePreference(const QString &text)
+{
+    const auto *found = std::ranges::find(allThemePreferences, text, rawValue);
+    return found == allThemePreferences.end() ? std::nullopt : std::optional(*found);
+}

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+/// Looks for a newer version when the user asks for it.
+class UpdaterController final : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(UpdaterController)
+
+public:
+    UpdaterController() = default;
+
+    void checkForUpdates();
+};

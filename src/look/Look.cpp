@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "look/Look.h"
+
+namespace
+{
+QColor black(double opacity)
+{
+    return QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity));
+}
+
+QColor white(double opacity)
+{
+    return QColor::fromRgbF(1, 1, 1, static_cast<float>(opacity));
+}
+
+QColor atOpacity(QColor color, double opacity)
+{
+    color.setAlphaF(color.alphaF() * static_cast<float>(opacity));
+    return color;
+}
+
+Look lightLook()
+{
+    return {.scheme = ColorScheme::Light,
+            .primaryText = black(0.85),
+            .secondaryText = black(0.56),
+            .tertiaryText = black(0.46),
+            .placeholder = atOpacity(black(0.85), 0.68),
+            .hint = black(0.62),
+            .textBackground = QColor(0xFFFFFF),
+            .windowBackground = QColor(0xECECEC),
+            .controlFace = QColor(0xFFFFFF),
+            .divider = black(0.10),
+            .accent = Tints::blue.light,
+            .selection = {}};
+}
+
+Look darkLook()
+{
+    return {.scheme = ColorScheme::Dark,
+            .primaryText = white(0.85),
+            .secondaryText = white(0.60),
+            .tertiaryText = white(0.46),
+            .placeholder = atOpacity(white(0.85), 0.68),
+            .hint = white(0.66),
+            .textBackground = QColor(0x1E1E1E),
+            .windowBackground = QColor(0x323232),
+            .controlFace = QColor(0x5A5A5C),
+            .divider = white(0.10),
+            .accent = Tints::blue.dark,
+            .selection = {}};
+}
+
+void raiseContrast(Look &look)
+{
+    const auto full = look.isLight() ? black(1) : white(1);
+    look.primaryText = full;
+    look.secondaryText = atOpacity(full, 0.85);
+    look.tertiaryText = atOpacity(full, 0.75);
+    look.placeholder = atOpacity(full, 0.75);
+    look.hint = full;
+    look.divider = atOpacity(full, 0.5);
+}
+
+ColorScheme scheme(ThemePreference theme, const Appearance &appearance)
+{
+    switch (theme) {
+    case ThemePreference::light:
+        return ColorScheme::Light;
+    case ThemePreference::dark:
+        return ColorScheme::Dark;
+    case ThemePreference::system:
+        break;
+    }
+    return appearance.colorScheme();
+}
+} // namespace
+
+Look look(ThemePreference theme, const Appearance &appearance)
+{
+    Look look = scheme(theme, appearance) == ColorScheme::Light ? lightLook() : darkLook();
+    if (appearance.wantsHighContrast()) {
+        raiseContrast(look);
+    }
+    if (appearance.accent().isValid()) {
+        look.accent = appearance.accent();
+    }
+    // Pale enough that selected text keeps its own colour and stays readable on any accent.
+    look.selection = mixed(look.accent, look.isLight() ? 0.30 : 0.45, look.textBackground);
+    return look;
+}
+
+QPalette Look::palette() const
+{
+    QPalette palette(primaryText, controlFace, white(isLight() ? 1 : 0.2), black(0.5), black(0.3),
+                     primaryText, QColor(Qt::white), textBackground, windowBackground);
+    palette.setColor(QPalette::Highlight, selection);
+    palette.setColor(QPalette::HighlightedText, primaryText);
+    palette.setColor(QPalette::PlaceholderText, placeholder);
+    palette.setColor(QPalette::Link, accent);
+    palette.setColor(secondaryTextRole, secondaryText);
+    palette.setColor(tertiaryTextRole, tertiaryText);
+    palette.setColor(dividerRole, divider);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, tertiaryText);
+    }
+    return palette;
+}
+
+QColor mixed(const QColor &color, qreal fraction, const QColor &base)
+{
+    const auto part = [fraction](float ours, float theirs) {
+        return static_cast<float>(ours * fraction + theirs * (1 - fraction));
+    };
+    return QColor::fromRgbF(part(color.redF(), base.redF()), part(color.greenF(), base.greenF()),
+                            part(color.blueF(), base.blueF()));
+}

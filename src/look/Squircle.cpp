@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include "look/Squircle.h"
+
+#include <QtMath>
+
+#include <cmath>
+
+namespace
+{
+// Each corner is a quarter of the superellipse |x|^n + |y|^n = 1. It takes up more of the edge than
+// an arc does; the exponent follows from that and from the point on the diagonal.
+constexpr qreal reach = 1.6;
+const qreal diagonalGap = M_SQRT2 - 1;
+const qreal exponent = -M_LN2 / std::log(1 - diagonalGap / (M_SQRT2 * reach));
+constexpr int stepsPerCorner = 24;
+
+/// The corner at @p corner, entered along @p in and left along @p out (unit vectors that point from
+/// the corner into the edges).
+void addCorner(QPainterPath &path, const QPointF &corner, const QPointF &in, const QPointF &out,
+               qreal extent)
+{
+    for (int step = 0; step <= stepsPerCorner; ++step) {
+        const qreal angle = M_PI_2 * step / stepsPerCorner;
+        const qreal alongIn = 1 - std::pow(std::sin(angle), 2 / exponent);
+        const qreal alongOut = 1 - std::pow(std::cos(angle), 2 / exponent);
+        const QPointF point = corner + (in * alongIn + out * alongOut) * extent;
+        if (path.elementCount() == 0) {
+            path.moveTo(point);
+        } else {
+            path.lineTo(point);
+        }
+    }
+}
+} // namespace
+
+QPainterPath squirclePath(const QRectF &rect, qreal radius)
+{
+    const qreal extent = qMin(radius * reach, qMin(rect.width(), rect.height()) / 2);
+    const QPointF right(1, 0);
+    const QPointF down(0, 1);
+    QPainterPath path;
+    addCorner(path, rect.topLeft(), down, right, extent);
+    addCorner(path, rect.topRight(), -right, down, extent);
+    addCorner(path, rect.bottomRight(), -down, -right, extent);
+    addCorner(path, rect.bottomLeft(), right, -down, extent);
+    path.closeSubpath();
+    return path;
+}

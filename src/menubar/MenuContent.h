@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QMenu>
+
+class AppState;
+
+/// What drops down from the tray icon: a line that says how often prompts come and where notes go,
+/// and the commands.
+class MenuContent final : public QMenu
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(MenuContent)
+
+public:
+    enum class Shown { ByUs, ByTheDesktop };
+
+    /// @p state must outlive the menu.
+    MenuContent(AppState &state, Shown shown);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void refresh();
+    [[nodiscard]] QString statusText() const;
+
+    AppState &m_state;
+    Shown m_shown;
+    QAction *m_status;
+};

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QObject>
+
+enum class ColorScheme { Light, Dark };
+
+/// How the user wants their desktop to look. What the desktop does not tell, or has not told yet,
+/// has the default that is named here; reading never waits.
+class Appearance : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(Appearance)
+
+public:
+    using QObject::QObject;
+
+    /// Light unless the desktop says otherwise.
+    [[nodiscard]] virtual ColorScheme colorScheme() const = 0;
+    /// Invalid when the desktop has no accent colour.
+    [[nodiscard]] virtual QColor accent() const = 0;
+    [[nodiscard]] virtual bool wantsHighContrast() const = 0;
+    [[nodiscard]] virtual bool wantsReducedMotion() const = 0;
+
+signals:
+    /// One of the above is different now.
+    void changed();
+};

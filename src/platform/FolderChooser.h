@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+#include <functional>
+
+class QWidget;
+
+/// Lets the user pick a folder.
+class FolderChooser
+{
+public:
+    FolderChooser() = default;
+    virtual ~FolderChooser() = default;
+    Q_DISABLE_COPY_MOVE(FolderChooser)
+
+    /// Opens the desktop's directory chooser over @p parent, with a default button named
+    /// @p prompt, and returns. @p chosen gets the absolute path of the folder; it is not called
+    /// when the user cancels. A chooser that is already open comes to the front instead.
+    virtual void choose(QWidget &parent, const QString &prompt,
+                        std::function<void(const QString &path)> chosen) = 0;
+};

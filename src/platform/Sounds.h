@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+#include <memory>
+
+/// One alert sound, ready to be played.
+class Sound
+{
+public:
+    Sound() = default;
+    virtual ~Sound() = default;
+    Q_DISABLE_COPY_MOVE(Sound)
+
+    /// Starts the sound and returns at once; a machine that cannot play it stays silent.
+    virtual void play() = 0;
+    virtual void stop() = 0;
+};
+
+/// The alert sounds that there are.
+class Sounds
+{
+public:
+    Sounds() = default;
+    virtual ~Sounds() = default;
+    Q_DISABLE_COPY_MOVE(Sounds)
+
+    /// Null when no sound has exactly this name.
+    [[nodiscard]] virtual std::unique_ptr<Sound> soundNamed(const QString &name) = 0;
+};

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/FileDialogFolderChooser.h"
+
+void FileDialogFolderChooser::choose(QWidget &parent, const QString &prompt,
+                                     std::function<void(const QString &path)> chosen)
+{
+    if (m_dialog) {
+        m_dialog->raise();
+        m_dialog->activateWindow();
+        return;
+    }
+    m_dialog = new QFileDialog(&parent);
+    m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    m_dialog->setFileMode(QFileDialog::Directory);
+    m_dialog->setOption(QFileDialog::ShowDirsOnly);
+    m_dialog->setLabelText(QFileDialog::Accept, prompt);
+    QObject::connect(m_dialog, &QFileDialog::fileSelected, &parent,
+                     [chosen = std::move(chosen)](const QString &path) {
+                         if (!path.isEmpty()) {
+                             chosen(path);
+                         }
+                     });
+    m_dialog->open();
+}

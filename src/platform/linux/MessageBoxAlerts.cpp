@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/MessageBoxAlerts.h"
+
+#include "platform/Windows.h"
+
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPointer>
+
+namespace
+{
+class AlertBox final : public QMessageBox
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(AlertBox)
+
+public:
+    AlertBox(const QString &messageText, const QString &informativeText, QWidget *over)
+        : QMessageBox(Warning, messageText, messageText, Ok, over)
+    {
+        setTextFormat(Qt::PlainText);
+        setInformativeText(informativeText);
+        setWindowModality(Qt::ApplicationModal);
+        setWindowFlag(Qt::WindowStaysOnTopHint);
+        if (auto *const title = findChild<QLabel *>(QStringLiteral("qt_msgbox_label"))) {
+            QFont font = title->font();
+            font.setBold(true);
+            title->setFont(font);
+        }
+    }
+
+protected:
+    // A key that is still held from the prompt must not dismiss what nobody has read yet.
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (!event->isAutoRepeat()) {
+            QMessageBox::keyPressEvent(event);
+        }
+    }
+};
+} // namespace
+
+void MessageBoxAlerts::warn(const QString &messageText, const QString &informativeText,
+                            QWidget *over)
+{
+    const QPointer box = new AlertBox(messageText, informativeText, over);
+    QEventLoop loop;
+    QObject::connect(box, &QDialog::finished, &loop, &QEventLoop::quit);
+    QObject::connect(box, &QObject::destroyed, &loop, &QEventLoop::quit);
+    m_windows.present(*box);
+    loop.exec();
+    delete box;
+}
+
+#include "MessageBoxAlerts.moc"

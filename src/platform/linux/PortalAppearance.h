@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Appearance.h"
+
+#include <QDBusMessage>
+#include <QVariant>
+
+#include <optional>
+
+/// What the desktop's settings portal tells of the user's taste (org.freedesktop.appearance), kept
+/// current by its signal. While there is no portal, or no answer yet, the palette tells light from
+/// dark.
+class PortalAppearance final : public Appearance
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(PortalAppearance)
+
+public:
+    PortalAppearance();
+
+    [[nodiscard]] ColorScheme colorScheme() const override;
+    [[nodiscard]] QColor accent() const override { return m_accent; }
+    [[nodiscard]] bool wantsHighContrast() const override { return m_wantsHighContrast; }
+    [[nodiscard]] bool wantsReducedMotion() const override { return m_wantsReducedMotion; }
+
+private slots:
+    void settingChanged(const QDBusMessage &message);
+
+private:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void readAll();
+    void read(const QString &space, const QString &key);
+    void take(const QString &key, const QVariant &value);
+
+    /// Nothing while the portal has no preference or has not answered.
+    std::optional<ColorScheme> m_colorScheme;
+    QColor m_accent;
+    bool m_wantsHighContrast = false;
+    bool m_wantsReducedMotion = false;
+};

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "platform/Process.h"
+
+#include <QCoreApplication>
+#include <QSocketNotifier>
+
+#include <csignal>
+#include <sys/signalfd.h>
+
+namespace
+{
+sigset_t endingSignals()
+{
+    sigset_t ending;
+    sigemptyset(&ending);
+    for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+        sigaddset(&ending, number);
+    }
+    return ending;
+}
+} // namespace
+
+void Process::prepare()
+{
+    // Wayland lets no window place, raise or float itself; through XWayland ours can.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+    }
+    // A write beyond the user's file-size limit then fails with EFBIG instead of ending us.
+    std::signal(SIGXFSZ, SIG_IGN);
+    std::signal(SIGPIPE, SIG_IGN);
+    // Before any thread is started, since each inherits the mask; endOnRequest reads them.
+    const sigset_t ending = endingSignals();
+    pthread_sigmask(SIG_BLOCK, &ending, nullptr);
+}
+
+void Process::endOnRequest()
+{
+    const sigset_t ending = endingSignals();
+    const int descriptor = signalfd(-1, &ending, SFD_NONBLOCK | SFD_CLOEXEC);
+    if (descriptor < 0) {
+        pthread_sigmask(SIG_UNBLOCK, &ending, nullptr);
+        return;
+    }
+    auto *const notifier
+        = new QSocketNotifier(descriptor, QSocketNotifier::Read, QCoreApplication::instance());
+    QObject::connect(notifier, &QSocketNotifier::activated, QCoreApplication::instance(),
+                     [] { QCoreApplication::exit(0); });
+}

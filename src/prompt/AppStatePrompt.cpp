@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "core/AppState.h"
+#include "prompt/PromptWindow.h"
+
+#include <QPointer>
+
+void AppState::showPrompt()
+{
+    if (m_promptWindow && m_promptWindow->isVisible()) {
+        return;
+    }
+    closePrompt();
+    const QDateTime openedAt = m_desktop.clock->now();
+    const QPointer state = this;
+    m_promptWindow.reset(new PromptWindow(openedAt, m_theme, m_desktop,
+                                          {.onSubmit =
+                                               [state, openedAt](const QString &text) {
+                                                   if (state) {
+                                                       state->savePrompt(text, openedAt);
+                                                       state->closePrompt();
+                                                   }
+                                               },
+                                           .onCancel =
+                                               [state] {
+                                                   if (state) {
+                                                       state->closePrompt();
+                                                   }
+                                               },
+                                           .onHeightChange = {}}));
+    playSelectedSound();
+    m_desktop.windows->present(*m_promptWindow);
+}
+
+void AppState::closePrompt()
+{
+    if (m_promptWindow) {
+        m_promptWindow->close();
+        m_promptWindow.reset();
+    }
+}
+
+void AppState::playSelectedSound()
+{
+    if (m_soundPlayer) {
+        m_soundPlayer->stop();
+    }
+    m_soundPlayer = m_desktop.sounds->soundNamed(m_soundName);
+    if (m_soundPlayer) {
+        m_soundPlayer->play();
+    }
+}

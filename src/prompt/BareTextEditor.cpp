@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+#include "prompt/BareTextEditor.h"
+
+#include "look/Fonts.h"
+#include "look/Look.h"
+#include "prompt/EditorHeight.h"
+#include "prompt/PlainText.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QInputMethodEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QPainter>
+#include <QTextBlock>
+#include <QTextDocumentFragment>
+
+#include <memory>
+
+namespace
+{
+constexpr int caretWidth = 1;
+
+/// The height of the text, measured line by line and given up beyond what the box can show: the
+/// cost does not grow with the note.
+double textHeight(const QTextDocument &document)
+{
+    double height = 0;
+    for (auto block = document.begin();
+         block.isValid() && height < EditorHeight::maximum - EditorHeight::chrome;
+         block = block.next()) {
+        height += document.documentLayout()->blockBoundingRect(block).height();
+    }
+    return height;
+}
+
+bool insertsLineBreak(const QKeyEvent &event)
+{
+    const bool isReturn = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    return isReturn && (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
+}
+} // namespace
+
+BareTextEditor::BareTextEditor(const ContentHeight &contentHeight, QWidget *parent)
+    : QPlainTextEdit(parent)
+    , m_coordinator(new Coordinator(*this, contentHeight))
+{
+    setFont(systemFont(FontSizes::note));
+    setFrameShape(NoFrame);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    document()->setDocumentMargin(0);
+    // The toolkit's caret has the colour of the text; paintEvent draws ours.
+    setCursorWidth(0);
+    connect(this, &QPlainTextEdit::textChanged, m_coordinator, &Coordinator::textDidChange);
+    QMetaObject::invokeMethod(this, &BareTextEditor::takeFocusAndMeasure, Qt::QueuedConnection);
+}
+
+QString BareTextEditor::text() const
+{
+    // toPlainText would turn every no-break space into a plain one.
+    QString text = document()->toRawText();
+    text.replace(QChar::ParagraphSeparator, u'\n');
+    return text.replace(QChar::LineSeparator, u'\n');
+}
+
+void BareTextEditor::setText(const QString &text)
+{
+    const QString plain = plainText(text);
+    if (plain != this->text()) {
+        setPlainText(plain);
+    }
+}
+
+bool BareTextEditor::isEmpty() const
+{
+    return document()->isEmpty() && !isComposing();
+}
+
+bool BareTextEditor::isComposing() const
+{
+    const QTextLayout *layout = textCursor().block().layout();
+    return layout && !layout->preeditAreaText().isEmpty();
+}
+
+void BareTextEditor::setLook(const Look &look)
+{
+    QPalette palette = look.palette();
+    palette.setColor(QPalette::Base, look.textBackground);
+    setPalette(palette);
+    m_caretColor = look.accent;
+    viewport()->update();
+}
+
+void BareTextEditor::keyPressEvent(QKeyEvent *event)
+{
+    if (!insertsLineBreak(*event)) {
+        QPlainTextEdit::keyPressEvent(event);
+        return;
+    }
+    // The toolkit would insert U+2028 for Shift-Return.
+    textCursor().insertBlock();
+    ensureCursorVisible();
+}
+
+void BareTextEditor::inputMethodEvent(QInputMethodEvent *event)
+{
+    const QString plain = plainText(event->commitString());
+    if (plain != event->commitString()) {
+        event->setCommitString(plain, event->replacementStart(), event->replacementLength());
+    }
+    QPlainTextEdit::inputMethodEvent(event);
+}
+
+void BareTextEditor::paintEvent(QPaintEvent *event)
+{
+    QPlainTextEdit::paintEvent(event);
+    const bool isCaretOn = getPaintContext().cursorPosition >= 0
+        || (hasFocus() && isComposing());
+    const QRect caret = cursorRect();
+    if (isCaretOn && event->rect().intersects(caret.adjusted(0, 0, caretWidth, 0))) {
+        QPainter(viewport()).fillRect(caret.x(), caret.y(), caretWidth, caret.height(),
+                                      m_caretColor);
+    }
+}
+
+void BareTextEditor::contextMenuEvent(QContextMenuEvent *event)
+{
+    auto *const menu = createStandardContextMenu(event->pos());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setPalette(palette());
+    menu->popup(event->globalPos());
+}
+
+bool BareTextEditor::canInsertFromMimeData(const QMimeData *source) const
+{
+    return source->hasText() || source->hasHtml();
+}
+
+void BareTextEditor::insertFromMimeData(const QMimeData *source)
+{
+    const QString text = source->hasText()
+        ? source->text()
+        : QTextDocumentFragment::fromHtml(source->html()).toPlainText();
+    textCursor().insertText(plainText(text));
+    ensureCursorVisible();
+}
+
+QMimeData *BareTextEditor::createMimeDataFromSelection() const
+{
+    auto selected = std::make_unique<QMimeData>();
+    selected->setText(plainText(textCursor().selectedText()));
+    return selected.release();
+}
+
+void BareTextEditor::takeFocusAndMeasure()
+{
+    if (window() != this) {
+        setFocus();
+    }
+    m_coordinator->updateHeight();
+}
+
+Coordinator::Coordinator(BareTextEditor &editor, ContentHeight contentHeight)
+    : QObject(&editor)
+    , m_editor(editor)
+    , m_contentHeight(std::move(contentHeight))
+{
+}
+
+void Coordinator::textDidChange()
+{
+    updateHeight();
+}
+
+void Coordinator::updateHeight()
+{
+    const double measured = EditorHeight::forText(textHeight(*m_editor.document()));
+    if (EditorHeight::differs(measured, m_contentHeight.read())) {
+        m_contentHeight.write(measured);
+    }
+}

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPlainTextEdit>
+
+#include <functional>
+
+struct Look;
+
+/// What the owner of an editor lends it: where the height of the box is kept.
+struct ContentHeight {
+    std::function<double()> read;
+    std::function<void(double)> write;
+};
+
+/// The writing surface: plain text on several lines, without border or scroll bars, which takes the
+/// keyboard once it is shown and measures the height of its own text.
+class BareTextEditor final : public QPlainTextEdit
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(BareTextEditor)
+
+public:
+    BareTextEditor(const ContentHeight &contentHeight, QWidget *parent);
+
+    /// The note as it stands, lines divided by LF. Copies it: a note may be megabytes long, and
+    /// typing must not cost more for that.
+    [[nodiscard]] QString text() const;
+    /// Replaces the whole note, unless it is the same already.
+    void setText(const QString &text);
+    /// Nothing typed, nothing under way in an input method.
+    [[nodiscard]] bool isEmpty() const;
+    /// An input method is in the middle of composing something.
+    [[nodiscard]] bool isComposing() const;
+
+    void setLook(const Look &look);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    [[nodiscard]] bool canInsertFromMimeData(const QMimeData *source) const override;
+    void insertFromMimeData(const QMimeData *source) override;
+    [[nodiscard]] QMimeData *createMimeDataFromSelection() const override;
+
+private:
+    void takeFocusAndMeasure();
+
+    QColor m_caretColor;
+    class Coordinator *m_coordinator;
+};
+
+/// Tells the owner of an editor the height of its text after each edit.
+class Coordinator final : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(Coordinator)
+
+public:
+    /// @p editor owns this.
+    Coordinator(BareTextEditor &editor, ContentHeight contentHeight);
+
+    void textDidChange();
+    void updateHeight();
+
+private:
+    BareTextEditor &m_editor;
+    ContentHeight m_contentHeight;
+};

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "prompt/PromptView.h"
+
+#include "look/Squircle.h"
+#include "prompt/BareTextEditor.h"
+
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QShortcut>
+
+namespace
+{
+constexpr int boxPadding = 16;
+/// Where a line starts inside the padding, as in the desktop text views that the look is after.
+constexpr int linePadding = 5;
+/// QPlainTextEdit scrolls by a line unless its viewport is a pixel higher than its text.
+constexpr int editorSlack = 1;
+} // namespace
+
+WritingBox::WritingBox(const Look &look, std::function<void(double)> heightChanged,
+                       QWidget *parent)
+    : QWidget(parent)
+    , m_editor(new BareTextEditor(
+          {.read = [this] { return m_editorHeight; },
+           .write =
+               [this, heightChanged = std::move(heightChanged)](double height) {
+                   m_editorHeight = height;
+                   layOutEditor();
+                   heightChanged(height);
+               }},
+          this))
+{
+    const QString question = tr("What would you like to note about this moment?");
+    m_editor->setPlaceholderText(question);
+    m_editor->setAccessibleName(question);
+    setFocusProxy(m_editor);
+    setCursor(Qt::IBeamCursor);
+    setLook(look);
+    layOutEditor();
+}
+
+void WritingBox::setLook(const Look &look)
+{
+    m_background = look.textBackground;
+    m_editor->setLook(look);
+    update();
+}
+
+void WritingBox::layOutEditor()
+{
+    constexpr int left = boxPadding + linePadding;
+    m_editor->setGeometry(left, boxPadding, PromptView::width - 2 * (PromptView::margin + left),
+                          static_cast<int>(m_editorHeight - EditorHeight::chrome) + editorSlack);
+}
+
+void WritingBox::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(squirclePath(rect(), cornerRadius), m_background);
+}
+
+void WritingBox::mousePressEvent(QMouseEvent *event)
+{
+    // The padding belongs to the paper: a click there puts the caret at the nearest place.
+    const QPoint inEditor = m_editor->viewport()->mapFrom(this, event->position().toPoint());
+    m_editor->setTextCursor(m_editor->cursorForPosition(inEditor));
+    m_editor->setFocus(Qt::MouseFocusReason);
+}
+
+PromptView::PromptView(PromptCallbacks callbacks, const Look &look, QWidget *parent)
+    : QWidget(parent)
+    , m_callbacks(std::move(callbacks))
+    , m_colorScheme(look.scheme)
+    , m_box(new WritingBox(
+          look,
+          [this](double) {
+              updateGeometry();
+              m_callbacks.onHeightChange();
+          },
+          this))
+{
+    setFocusProxy(m_box);
+    addShortcuts();
+}
+
+QSize PromptView::sizeHint() const
+{
+    return {width, static_cast<int>(editorHeight()) + 2 * margin};
+}
+
+void PromptView::setLook(const Look &look)
+{
+    m_colorScheme = look.scheme;
+    m_box->setLook(look);
+    update();
+}
+
+void PromptView::resizeEvent(QResizeEvent *)
+{
+    m_box->setGeometry(rect().adjusted(margin, margin, -margin, -margin));
+}
+
+void PromptView::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    const double opacity = m_colorScheme == ColorScheme::Light ? 0.14 : 0.28;
+    m_shadow.paint(painter, m_box->geometry(), WritingBox::cornerRadius,
+                   {.offsetY = 1,
+                    .blur = 3,
+                    .color = QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity))});
+}
+
+void PromptView::addShortcuts()
+{
+    const auto add = [this](const QList<QKeySequence> &keys, auto action) {
+        auto *const shortcut = new QShortcut(this);
+        shortcut->setKeys(keys);
+        shortcut->setAutoRepeat(false);
+        connect(shortcut, &QShortcut::activated, this, action);
+    };
+    add({Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter, Qt::META | Qt::Key_Return,
+         Qt::META | Qt::Key_Enter},
+        [this] { submit(); });
+    add({Qt::Key_Escape}, [this] { cancel(); });
+    // Tab itself belongs to the note.
+    add({Qt::CTRL | Qt::Key_Tab}, [this] { focusNextChild(); });
+    add({Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab}, [this] { focusPreviousChild(); });
+}
+
+void PromptView::submit()
+{
+    // What an input method still holds was typed too.
+    QGuiApplication::inputMethod()->commit();
+    const QString note = m_box->editor().text().trimmed();
+    if (!note.isEmpty()) {
+        m_callbacks.onSubmit(note);
+    }
+}
+
+void PromptView::cancel()
+{
+    if (m_box->editor().isComposing()) {
+        QGuiApplication::inputMethod()->reset();
+        return;
+    }
+    m_callbacks.onCancel();
+}

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "look/Look.h"
+#include "look/Shadow.h"
+#include "prompt/EditorHeight.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class BareTextEditor;
+
+/// What a prompt tells whoever opened it. The view never saves, closes or resizes by itself.
+struct PromptCallbacks {
+    /// Gets a note that is not empty and has no white space at either end.
+    std::function<void(const QString &text)> onSubmit;
+    std::function<void()> onCancel;
+    /// The view's fitting size is different now.
+    std::function<void()> onHeightChange;
+};
+
+/// The white box of a prompt with the note in it. Clips the editor while the prompt still grows
+/// towards the height of its text.
+class WritingBox final : public QWidget
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(WritingBox)
+
+public:
+    static constexpr qreal cornerRadius = 14;
+
+    WritingBox(const Look &look, std::function<void(double)> heightChanged, QWidget *parent);
+
+    [[nodiscard]] BareTextEditor &editor() { return *m_editor; }
+    [[nodiscard]] double editorHeight() const { return m_editorHeight; }
+    void setLook(const Look &look);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+
+private:
+    void layOutEditor();
+
+    double m_editorHeight = EditorHeight::minimum;
+    QColor m_background;
+    BareTextEditor *m_editor;
+};
+
+/// The content of a prompt: the writing box on the backdrop, with the two commands of the keyboard,
+/// Control-Return to submit and Escape to cancel.
+class PromptView final : public QWidget
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(PromptView)
+
+public:
+    static constexpr int width = 560;
+    /// Between the box and each edge.
+    static constexpr int margin = 12;
+
+    PromptView(PromptCallbacks callbacks, const Look &look, QWidget *parent);
+
+    /// The height of the writing box.
+    [[nodiscard]] double editorHeight() const { return m_box->editorHeight(); }
+    /// 560 wide, and as high as the text wants.
+    [[nodiscard]] QSize sizeHint() const override;
+    void setLook(const Look &look);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void addShortcuts();
+    void submit();
+    void cancel();
+
+    PromptCallbacks m_callbacks;
+    ColorScheme m_colorScheme;
+    WritingBox *m_box;
+    ShadowPainter m_shadow;
+};

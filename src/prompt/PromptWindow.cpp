@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: MIT
+#include "prompt/PromptWindow.h"
+
+#include "look/Squircle.h"
+#include "prompt/TitleStrip.h"
+
+#include <QCloseEvent>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QPainter>
+#include <QScreen>
+#include <QWindow>
+
+#include <chrono>
+
+namespace
+{
+using Behind = PromptGlassBackground::Behind;
+
+constexpr auto heightAnimationTime = std::chrono::milliseconds(120);
+// How far the shadow (12 down, blur 36) reaches beyond each edge.
+constexpr QMargins shadowMargins {36, 24, 36, 48};
+
+Behind behindWindows(const Compositor &compositor)
+{
+    if (!compositor.isRunning()) {
+        return Behind::Opaque;
+    }
+    return compositor.blursBehind() ? Behind::Blurred : Behind::Clear;
+}
+
+/// Rows that stay inside the rounded corners: the whole rectangle would blur beyond them.
+QRegion insideCorners(const QRect &frame)
+{
+    return QRegion(squirclePath(QRectF(frame), PromptGlassBackground::cornerRadius)
+                       .toFillPolygon()
+                       .toPolygon());
+}
+} // namespace
+
+PromptWindow::PromptWindow(const QDateTime &openedAt, ThemePreference theme,
+                           const Desktop &desktop, PromptCallbacks callbacks)
+    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
+    , m_theme(theme)
+    , m_desktop(desktop)
+    , m_background(look(theme, *desktop.appearance).scheme)
+{
+    setAttribute(Qt::WA_TranslucentBackground);
+    const QString title = openedAt.toLocalTime().toString(QStringLiteral("HH:mm"));
+    setWindowTitle(title);
+    createContent(title, std::move(callbacks));
+    followDesktop();
+    updateBackdrop();
+    setFrameHeight(TitleStrip::height + m_view->sizeHint().height());
+    centreOnScreenWithPointer();
+}
+
+void PromptWindow::createContent(const QString &title, PromptCallbacks callbacks)
+{
+    const Look initial = look(m_theme, *m_desktop.appearance);
+    callbacks.onHeightChange = [this] { scheduleFit(); };
+    m_view = new PromptView(std::move(callbacks), initial, this);
+    m_titleStrip = new TitleStrip(title, initial, this);
+    setFocusProxy(m_view);
+    connect(m_titleStrip, &TitleStrip::closeRequested, this, &QWidget::close);
+}
+
+void PromptWindow::followDesktop()
+{
+    connect(m_desktop.compositor.get(), &Compositor::changed, this, &PromptWindow::updateBackdrop);
+    connect(m_desktop.appearance.get(), &Appearance::changed, this, &PromptWindow::updateLook);
+    m_heightAnimation.setDuration(static_cast<int>(heightAnimationTime.count()));
+    m_heightAnimation.setEasingCurve(QEasingCurve::OutCubic);
+    connect(&m_heightAnimation, &QVariantAnimation::valueChanged, this,
+            [this](const QVariant &height) { setFrameHeight(height.toInt()); });
+}
+
+void PromptWindow::centreOnScreenWithPointer()
+{
+    const QScreen *screen = QGuiApplication::screenAt(QCursor::pos());
+    const QRect available
+        = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    const int freeWidth = available.width() - PromptView::width;
+    // On a screen that is too small the strip, which moves the card, still has to be on it.
+    const int freeHeight = qMax(0, available.height() - frameHeight());
+    const QPoint frameTopLeft = available.topLeft() + QPoint(freeWidth / 2, freeHeight / 3);
+    move(frameTopLeft - QPoint(m_shadow.left(), m_shadow.top()));
+}
+
+QRect PromptWindow::frame() const
+{
+    return rect().marginsRemoved(m_shadow);
+}
+
+int PromptWindow::frameHeight() const
+{
+    return frame().height();
+}
+
+void PromptWindow::setFrameHeight(int height)
+{
+    setFixedSize(QSize(PromptView::width, height).grownBy(m_shadow));
+}
+
+void PromptWindow::scheduleFit()
+{
+    QMetaObject::invokeMethod(this, &PromptWindow::fit, Qt::QueuedConnection);
+}
+
+void PromptWindow::fit()
+{
+    const int height = TitleStrip::height + m_view->sizeHint().height();
+    m_heightAnimation.stop();
+    // What nobody has seen yet simply opens at its right height.
+    const bool isOnScreen = windowHandle() && windowHandle()->isExposed();
+    if (!isOnScreen || m_desktop.appearance->wantsReducedMotion()) {
+        setFrameHeight(height);
+        return;
+    }
+    m_heightAnimation.setStartValue(frameHeight());
+    m_heightAnimation.setEndValue(height);
+    m_heightAnimation.start();
+}
+
+void PromptWindow::updateBackdrop()
+{
+    const QMargins before = m_shadow;
+    const int height = frameHeight();
+    m_behind = behindWindows(*m_desktop.compositor);
+    m_shadow = m_behind == Behind::Opaque ? QMargins() : shadowMargins;
+    if (m_view->size().isValid() && before != m_shadow) {
+        move(pos() + QPoint(before.left() - m_shadow.left(), before.top() - m_shadow.top()));
+        setFrameHeight(height);
+    }
+    announceShape();
+    update();
+}
+
+void PromptWindow::updateLook()
+{
+    const Look current = look(m_theme, *m_desktop.appearance);
+    m_background = PromptGlassBackground(current.scheme);
+    m_view->setLook(current);
+    m_titleStrip->setLook(current);
+    update();
+}
+
+void PromptWindow::announceShape()
+{
+    if (!testAttribute(Qt::WA_WState_Created)) {
+        return;
+    }
+    m_desktop.windows->setShadow(*this, m_shadow);
+    m_desktop.windows->setBlurBehind(*this,
+                                     m_behind == Behind::Blurred ? insideCorners(frame())
+                                                                 : QRegion());
+}
+
+bool PromptWindow::event(QEvent *event)
+{
+    const bool isHandled = QWidget::event(event);
+    if (event->type() == QEvent::WinIdChange) {
+        announceShape();
+    }
+    return isHandled;
+}
+
+void PromptWindow::closeEvent(QCloseEvent *event)
+{
+    m_heightAnimation.stop();
+    QGuiApplication::inputMethod()->reset();
+    event->accept();
+}
+
+void PromptWindow::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && windowHandle()) {
+        windowHandle()->startSystemMove();
+    }
+}
+
+void PromptWindow::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    m_background.paint(painter, frame(), m_behind);
+}
+
+void PromptWindow::resizeEvent(QResizeEvent *)
+{
+    const QRect inside = frame();
+    m_titleStrip->setGeometry(inside.x(), inside.y(), inside.width(), TitleStrip::height);
+    m_view->setGeometry(inside.adjusted(0, TitleStrip::height, 0, 0));
+    announceShape();
+}

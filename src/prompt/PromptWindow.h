@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "core/ThemePreference.h"
+#include "platform/Desktop.h"
+#include "prompt/PromptGlassBackground.h"
+#include "prompt/PromptView.h"
+
+#include <QDateTime>
+#include <QVariantAnimation>
+#include <QWidget>
+
+class TitleStrip;
+
+/// The floating card: its frame, its place on the screen, and the shadow that it draws around
+/// itself. Closing it only hides it.
+class PromptWindow final : public QWidget
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(PromptWindow)
+
+public:
+    /// @p openedAt is an instant (UTC), shown in the zone in force now. @p desktop must outlive the
+    /// window; the window follows its appearance as far as @p theme lets it.
+    PromptWindow(const QDateTime &openedAt, ThemePreference theme, const Desktop &desktop,
+                 PromptCallbacks callbacks);
+
+protected:
+    bool event(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void createContent(const QString &title, PromptCallbacks callbacks);
+    void followDesktop();
+    void centreOnScreenWithPointer();
+    void scheduleFit();
+    void fit();
+    void setFrameHeight(int height);
+    [[nodiscard]] int frameHeight() const;
+    [[nodiscard]] QRect frame() const;
+    void updateBackdrop();
+    void updateLook();
+    void announceShape();
+
+    ThemePreference m_theme;
+    const Desktop &m_desktop;
+    PromptGlassBackground m_background;
+    PromptGlassBackground::Behind m_behind = PromptGlassBackground::Behind::Opaque;
+    QMargins m_shadow;
+    TitleStrip *m_titleStrip = nullptr;
+    PromptView *m_view = nullptr;
+    QVariantAnimation m_heightAnimation;
+};

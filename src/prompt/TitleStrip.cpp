@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "prompt/TitleStrip.h"
+
+#include "look/Fonts.h"
+
+#include <QLabel>
+#include <QPainter>
+
+namespace
+{
+constexpr int buttonDiameter = 12;
+constexpr int buttonLeft = 12;
+constexpr int hintTrailing = 24;
+} // namespace
+
+CloseButton::CloseButton(QWidget *parent)
+    : QAbstractButton(parent)
+{
+    setAccessibleName(tr("Close"));
+    setFixedSize(buttonDiameter, buttonDiameter);
+    // A click must not take the caret out of the note; Control-Tab can.
+    setFocusPolicy(Qt::TabFocus);
+}
+
+bool CloseButton::showsCross() const
+{
+    return underMouse() || hasFocus() || isDown();
+}
+
+void CloseButton::paintEvent(QPaintEvent *)
+{
+    const QColor red(0xFF5F57);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(red.darker(115), 0.5));
+    painter.setBrush(isDown() ? red.darker(125) : red);
+    painter.drawEllipse(QRectF(rect()).adjusted(0.25, 0.25, -0.25, -0.25));
+    if (showsCross()) {
+        constexpr qreal arm = 2.4;
+        const QPointF centre = QRectF(rect()).center();
+        painter.setPen(QPen(QColor(0x7E0508), 1.2, Qt::SolidLine, Qt::RoundCap));
+        painter.drawLine(centre - QPointF(arm, arm), centre + QPointF(arm, arm));
+        painter.drawLine(centre - QPointF(arm, -arm), centre + QPointF(arm, -arm));
+    }
+}
+
+void CloseButton::enterEvent(QEnterEvent *event)
+{
+    QAbstractButton::enterEvent(event);
+    update();
+}
+
+void CloseButton::leaveEvent(QEvent *event)
+{
+    QAbstractButton::leaveEvent(event);
+    update();
+}
+
+TitleStrip::TitleStrip(const QString &title, const Look &look, QWidget *parent)
+    : QWidget(parent)
+    , m_closeButton(new CloseButton(this))
+    , m_title(new QLabel(title, this))
+    , m_hint(new QLabel(tr("⌘↵ to save · esc to cancel"), this))
+{
+    m_title->setFont(systemFont(FontSizes::headline, QFont::DemiBold));
+    m_hint->setFont(systemFont(FontSizes::body));
+    for (QLabel *const label : {m_title, m_hint}) {
+        label->setTextFormat(Qt::PlainText);
+        label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+    connect(m_closeButton, &QAbstractButton::clicked, this, &TitleStrip::closeRequested);
+    setLook(look);
+}
+
+void TitleStrip::setLook(const Look &look)
+{
+    const auto color = [](QLabel &label, const QColor &text) {
+        QPalette palette;
+        palette.setColor(QPalette::WindowText, text);
+        label.setPalette(palette);
+    };
+    color(*m_title, look.primaryText);
+    color(*m_hint, look.hint);
+}
+
+void TitleStrip::resizeEvent(QResizeEvent *)
+{
+    m_closeButton->move(buttonLeft, (height - buttonDiameter) / 2);
+    const int titleWidth = m_title->sizeHint().width();
+    m_title->setGeometry((width() - titleWidth) / 2, 0, titleWidth, height);
+    const int hintWidth = m_hint->sizeHint().width();
+    m_hint->setGeometry(width() - hintTrailing - hintWidth, 0, hintWidth, height);
+}

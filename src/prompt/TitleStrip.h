@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "look/Look.h"
+
+#include <QAbstractButton>
+#include <QWidget>
+
+class QLabel;
+
+/// The round button at the left of a prompt's title strip.
+class CloseButton final : public QAbstractButton
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(CloseButton)
+
+public:
+    explicit CloseButton(QWidget *parent);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void enterEvent(QEnterEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+
+private:
+    [[nodiscard]] bool showsCross() const;
+};
+
+/// The strip above a prompt's content: the close button, the time and what the keyboard can do.
+class TitleStrip final : public QWidget
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(TitleStrip)
+
+public:
+    static constexpr int height = 28;
+
+    TitleStrip(const QString &title, const Look &look, QWidget *parent);
+
+    void setLook(const Look &look);
+
+signals:
+    void closeRequested();
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    CloseButton *m_closeButton;
+    QLabel *m_title;
+    QLabel *m_hint;
+};

@@ -1,0 +1,11 @@
+// SPDX-License-Identifier: MIT
+#include "core/AppState.h"
+#include "settings/SettingsWindow.h"
+
+void AppState::showSettings()
+{
+    if (!m_settingsWindow) {
+        m_settingsWindow.reset(new SettingsWindow(*this));
+    }
+    m_desktop.windows->present(*m_settingsWindow);
+}

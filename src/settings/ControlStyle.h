@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QProxyStyle>
+
+/// How the controls of the settings window are drawn. Every colour comes from the palette that the
+/// window's look makes, so one style serves both looks.
+class ControlStyle final : public QProxyStyle
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(ControlStyle)
+
+public:
+    static constexpr int controlHeight = 22;
+
+    ControlStyle();
+
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override;
+    [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption *option,
+                                         const QSize &size, const QWidget *widget) const override;
+    [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption *option,
+                                  const QWidget *widget) const override;
+};

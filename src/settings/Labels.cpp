@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include "settings/Labels.h"
+
+#include <QPainter>
+
+namespace
+{
+void setUp(QLabel &label, const QFont &font, QPalette::ColorRole role)
+{
+    label.setTextFormat(Qt::PlainText);
+    label.setFont(font);
+    label.setForegroundRole(role);
+}
+} // namespace
+
+QLabel *Labels::plain(const QString &text, const QFont &font, QPalette::ColorRole role)
+{
+    auto *const label = new QLabel(text);
+    setUp(*label, font, role);
+    return label;
+}
+
+ElidedLabel::ElidedLabel(const QFont &font, QPalette::ColorRole role)
+{
+    setUp(*this, font, role);
+}
+
+QSize ElidedLabel::minimumSizeHint() const
+{
+    return {0, QLabel::minimumSizeHint().height()};
+}
+
+void ElidedLabel::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    // A line break in a file's name must not take the rest of the path out of sight.
+    const QString line = text().simplified();
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                     fontMetrics().elidedText(line, Qt::ElideMiddle, width()));
+}

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "look/Look.h"
+
+#include <QWidget>
+
+/// The coloured tile with a symbol at the left of a row. An unknown symbol leaves it empty.
+class IconTile final : public QWidget
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(IconTile)
+
+public:
+    static constexpr int side = 34;
+
+    IconTile(const QString &icon, const Tint &tint, QWidget *parent);
+
+    void setColorScheme(ColorScheme scheme);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString m_icon;
+    Tint m_tint;
+    ColorScheme m_scheme = ColorScheme::Light;
+};
+
+/// One row of the settings: a tile at the left; beside it a title, a sentence that explains it, and
+/// the row's own control.
+class SettingRow final : public QWidget
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(SettingRow)
+
+public:
+    /// @p label and @p detail are shown verbatim; the row becomes the owner of @p control.
+    SettingRow(const QString &icon, const Tint &tint, const QString &label, const QString &detail,
+               QWidget *control, QWidget *parent);
+
+    void setColorScheme(ColorScheme scheme) { m_tile->setColorScheme(scheme); }
+
+private:
+    [[nodiscard]] QWidget *createTexts(const QString &label, const QString &detail);
+
+    IconTile *m_tile;
+};

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "settings/SettingsView.h"
+
+#include "settings/ControlStyle.h"
+#include "settings/FolderControl.h"
+#include "settings/SettingRow.h"
+
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace
+{
+constexpr int viewPadding = 24;
+constexpr int dividerLeading = 50;
+constexpr int dividerPadding = 12;
+
+class Divider final : public QWidget
+{
+public:
+    explicit Divider(QWidget *parent)
+        : QWidget(parent)
+    {
+        setFixedHeight(2 * dividerPadding + 1);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter(this).fillRect(dividerLeading, dividerPadding, width() - dividerLeading, 1,
+                                palette().color(Look::dividerRole));
+    }
+};
+} // namespace
+
+SettingsView::SettingsView(AppState &state, QWidget *parent)
+    : QWidget(parent)
+    , m_rows(new QVBoxLayout(this))
+{
+    setFixedWidth(width);
+    m_rows->setContentsMargins(viewPadding, viewPadding, viewPadding, viewPadding);
+    m_rows->setSpacing(0);
+    addRow(QStringLiteral("folder.fill"), Tints::blue, QStringLiteral("Folder"),
+           QStringLiteral("Entries are saved as daily Markdown files"), new FolderControl(state));
+
+    auto *const style = new ControlStyle;
+    style->setParent(this);
+    const auto controls = findChildren<QWidget *>();
+    for (QWidget *const control : controls) {
+        control->setStyle(style);
+    }
+}
+
+void SettingsView::addRow(const QString &icon, const Tint &tint, const QString &label,
+                          const QString &detail, QWidget *control)
+{
+    if (m_rows->count() > 0) {
+        m_rows->addWidget(new Divider(this));
+    }
+    m_rows->addWidget(new SettingRow(icon, tint, label, detail, control, this));
+}
+
+void SettingsView::setLook(const Look &look)
+{
+    setPalette(look.palette());
+    const auto rows = findChildren<SettingRow *>();
+    for (SettingRow *const row : rows) {
+        row->setColorScheme(look.scheme);
+    }
+}
