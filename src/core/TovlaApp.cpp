@@ -36,6 +36,8 @@ void TovlaApp::launch()
     connect(m_runningCopy.get(), &RunningCopy::actionRequested, this, &TovlaApp::perform);
     connect(m_trayHost.get(), &TrayHost::found, this, &TovlaApp::showTrayItem);
     connect(m_trayHost.get(), &TrayHost::settled, this, &TovlaApp::finishLaunching);
+    connect(&m_appDelegate.updaterController(), &UpdaterController::checkRequested, this,
+            &TovlaApp::sayHowToUpdate);
     m_trayHost->find();
 }
 
@@ -74,6 +76,15 @@ void TovlaApp::popUpMenu()
 void TovlaApp::finishLaunching()
 {
     m_appDelegate.applicationDidFinishLaunching();
+}
+
+void TovlaApp::sayHowToUpdate()
+{
+    AppState::shared().desktop().alerts->warn(
+        tr("Tovla can't be updated from here."),
+        tr("This copy was not installed by your system's package manager. Update it the way it "
+           "was installed."),
+        nullptr);
 }
 
 void TovlaApp::perform(const QString &action)

@@ -28,6 +28,7 @@ private:
     void showTrayItem();
     void finishLaunching();
     void popUpMenu();
+    void sayHowToUpdate();
     void perform(const QString &action);
 
     AppDelegate m_appDelegate;

@@ -12,5 +12,9 @@ class UpdaterController final : public QObject
 public:
     UpdaterController() = default;
 
-    void checkForUpdates();
+    void checkForUpdates() { emit checkRequested(); }
+
+signals:
+    /// The user wants to know whether there is a newer version.
+    void checkRequested();
 };

@@ -99,8 +99,8 @@ void ShadowPainter::paint(QPainter &painter, const QRectF &rect, qreal radius,
                           const Shadow &shadow)
 {
     const qreal ratio = painter.device()->devicePixelRatioF();
-    // Beyond twice the standard deviation next to nothing is left of a shadow.
-    const qreal reach = shadow.blur;
+    // Beyond three standard deviations nothing is left of a shadow.
+    const qreal reach = 1.5 * shadow.blur;
     const QRectF bounds
         = rect.adjusted(-reach, -reach + shadow.offsetY, reach, reach + shadow.offsetY);
     if (m_size != rect.size() || m_color != shadow.color

@@ -19,8 +19,8 @@ namespace
 using Behind = PromptGlassBackground::Behind;
 
 constexpr auto heightAnimationTime = std::chrono::milliseconds(120);
-// How far the shadow (12 down, blur 36) reaches beyond each edge.
-constexpr QMargins shadowMargins {36, 24, 36, 48};
+// How far the shadow (12 down, blur 36) can be seen beyond each edge.
+constexpr QMargins shadowMargins {54, 42, 54, 66};
 
 Behind behindWindows(const Compositor &compositor)
 {

@@ -24,11 +24,7 @@ public:
         setInformativeText(informativeText);
         setWindowModality(Qt::ApplicationModal);
         setWindowFlag(Qt::WindowStaysOnTopHint);
-        if (auto *const title = findChild<QLabel *>(QStringLiteral("qt_msgbox_label"))) {
-            QFont font = title->font();
-            font.setBold(true);
-            title->setFont(font);
-        }
+        setUpLabels();
     }
 
 protected:
@@ -37,6 +33,22 @@ protected:
     {
         if (!event->isAutoRepeat()) {
             QMessageBox::keyPressEvent(event);
+        }
+    }
+
+private:
+    void setUpLabels()
+    {
+        // The toolkit's own names for its two labels, the same in all of Qt 6.
+        if (auto *const title = findChild<QLabel *>(QStringLiteral("qt_msgbox_label"))) {
+            QFont font = title->font();
+            font.setBold(true);
+            title->setFont(font);
+        }
+        if (auto *const text = findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"))) {
+            constexpr int comfortableLine = 280;
+            text->setTextFormat(Qt::PlainText);
+            text->setMinimumWidth(comfortableLine);
         }
     }
 };

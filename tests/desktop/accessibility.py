@@ -1,0 +1,57 @@
+# SPDX-License-Identifier: MIT
+"""The program's windows as a screen reader finds them."""
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+from desktop import wait_for  # noqa: E402
+
+
+def nodes(root, found=None):
+    found = [] if found is None else found
+    if root is not None:
+        found.append(root)
+        for index in range(root.get_child_count()):
+            nodes(root.get_child_at_index(index), found)
+    return found
+
+
+def windows():
+    """Every window of the program."""
+    root = Atspi.get_desktop(0)
+    for index in range(root.get_child_count()):
+        application = root.get_child_at_index(index)
+        if application is not None and application.get_name() == "tovla":
+            return [application.get_child_at_index(child)
+                    for child in range(application.get_child_count())]
+    return []
+
+
+def find(name, role=None):
+    """Waits for what has this accessible name, and this role if one is given."""
+    def search():
+        try:
+            for window in windows():
+                for node in nodes(window):
+                    if node.get_name() == name and (role is None or node.get_role() == role):
+                        return node
+        except GLib.Error:
+            pass  # it went away while we were looking
+        return None
+
+    return wait_for(search, f"{name!r} in the accessibility tree")
+
+
+def press(name):
+    """Does what a screen reader's user does to a button."""
+    find(name).get_action_iface().do_action(0)
+
+
+def text_of(node):
+    text = node.get_text_iface()
+    return text.get_text(0, text.get_character_count())
+
+
+def is_focused(node):
+    return node.get_state_set().contains(Atspi.StateType.FOCUSED)

@@ -1,0 +1,169 @@
+# SPDX-License-Identifier: MIT
+"""A desktop of its own for one test: display, window manager, session bus, tray host and home.
+
+Make a Desktop before anything else touches the session bus or the accessibility tree: both are
+found through the environment, which the Desktop sets for this process and all that it starts.
+"""
+import os
+import re
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+import x11
+
+PATIENCE_SECONDS = 60
+
+
+class Desktop:
+    def __init__(self, window_manager="openbox", compositor=True, size="1280x900", scale=None,
+                 tray=True):
+        self.home = Path(tempfile.mkdtemp(prefix="tovla-desktop-"))
+        self.processes = []
+        self.tray = None
+        self._set_environment(scale)
+        self._start_display(size)
+        self._start_bus()
+        self.start(window_manager)
+        wait_for(lambda: "window id" in output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+                 "the window manager")
+        if compositor:
+            self.start_compositor()
+        if tray:
+            self.start_tray()
+
+    def _set_environment(self, scale):
+        for name in list(os.environ):
+            if name.startswith(("XDG_", "QT_", "LC_", "WAYLAND_", "DBUS_", "GTK_", "DESKTOP_")):
+                del os.environ[name]
+        runtime = self.home / "runtime"
+        runtime.mkdir(mode=0o700)
+        font_folder = self.home / ".config" / "fontconfig"
+        font_folder.mkdir(parents=True)
+        # Pictures are compared from machine to machine, so they are all made with one font.
+        (font_folder / "fonts.conf").write_text(
+            '<?xml version="1.0"?><!DOCTYPE fontconfig SYSTEM "fonts.dtd"><fontconfig>'
+            '<match target="pattern"><edit name="family" mode="prepend" binding="strong">'
+            "<string>Inter</string></edit></match></fontconfig>")
+        os.environ.update(HOME=str(self.home), XDG_RUNTIME_DIR=str(runtime), LANG="C.UTF-8",
+                          TZ="Europe/Berlin", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+                          NO_AT_BRIDGE="0", QT_QPA_PLATFORM="xcb")
+        if scale:
+            os.environ["QT_SCALE_FACTOR"] = str(scale)
+
+    def _start_display(self, size):
+        reader, writer = os.pipe()
+        self.start("Xvfb", "-displayfd", str(writer), "-screen", "0", size + "x24",
+                   "-nolisten", "tcp", pass_fds=[writer])
+        os.close(writer)
+        with os.fdopen(reader) as numbers:
+            os.environ["DISPLAY"] = ":" + numbers.readline().strip()
+
+    def _start_bus(self):
+        bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address=1",
+                         stdout=subprocess.PIPE, text=True)
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+
+    def start(self, *command, **options):
+        options.setdefault("stdout", subprocess.DEVNULL)
+        options.setdefault("stderr", subprocess.DEVNULL)
+        process = subprocess.Popen(command, start_new_session=True, **options)
+        self.processes.append(process)
+        return process
+
+    def start_compositor(self):
+        compositor = self.start("picom", "--backend", "xrender", "--config", "/dev/null",
+                                "--no-fading-openclose")
+        wait_for(self.is_composited, "the compositor")
+        return compositor
+
+    def is_composited(self):
+        return x11.selection_has_owner("_NET_WM_CM_S0")
+
+    def start_tray(self):
+        import tray_host
+        self.tray = tray_host.TrayHost()
+        return self.tray
+
+    def preferences_file(self):
+        return self.home / ".config" / "Tovla" / "Tovla.conf"
+
+    def write_preferences(self, **values):
+        path = self.preferences_file()
+        path.parent.mkdir(parents=True, exist_ok=True)
+        lines = [f"{key}={value}" for key, value in values.items()]
+        path.write_text("[General]\n" + "\n".join(lines) + "\n")
+
+    def journal(self):
+        return self.home / "Journal"
+
+    def start_tovla(self, *arguments, **environment):
+        program = self.start(os.environ["TOVLA"], *arguments, stderr=subprocess.PIPE, text=True,
+                             env={**os.environ, **environment})
+        return Tovla(program, self)
+
+    def screenshot(self, path):
+        subprocess.run(["import", "-window", "root", str(path)], check=True)
+
+    def close(self):
+        for process in reversed(self.processes):
+            if process.poll() is None:
+                os.killpg(process.pid, signal.SIGKILL)
+            process.wait()
+            for stream in (process.stdout, process.stderr):
+                if stream:
+                    stream.close()
+        shutil.rmtree(self.home, ignore_errors=True)
+
+
+class Tovla:
+    """The running program, as a user and the desktop see it."""
+
+    def __init__(self, process, desktop):
+        self.process = process
+        self.desktop = desktop
+
+    def is_running(self):
+        return self.process.poll() is None
+
+    def wait_for_end(self):
+        wait_for(lambda: not self.is_running(), "the program's end")
+        return self.process.returncode
+
+    def wait_for_tray_item(self):
+        return wait_for(lambda: self.desktop.tray.item_of(self.process.pid), "the tray item")
+
+    def act(self, action):
+        """Asks through the bus, as a launcher's action does."""
+        subprocess.run(["gdbus", "call", "--session", "--dest", "org.tovla.Tovla", "--object-path",
+                        "/org/tovla/Tovla", "--method",
+                        "org.freedesktop.Application.ActivateAction", action, "[]", "{}"],
+                       check=True, stdout=subprocess.DEVNULL)
+
+
+def output(*command):
+    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                          text=True).stdout.strip()
+
+
+def wait_for(condition, what, patience=PATIENCE_SECONDS):
+    """Runs the bus and asks again until the condition holds; returns what it returned."""
+    from gi.repository import GLib
+    context = GLib.MainContext.default()
+    deadline = time.monotonic() + patience
+    while True:
+        result = condition()
+        if result:
+            return result
+        if time.monotonic() > deadline:
+            raise AssertionError(f"waited {patience} s in vain for {what}")
+        GLib.timeout_add(10, lambda: False)
+        context.iteration(True)
+
+
+def visible_windows(title):
+    ids = output("xdotool", "search", "--onlyvisible", "--name", f"^{re.escape(title)}$").split()
+    return [int(window) for window in ids]

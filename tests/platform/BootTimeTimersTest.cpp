@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/BootTimeTimers.h"
+
+#include <QElapsedTimer>
+#include <QMenu>
+#include <QTest>
+
+using namespace std::chrono_literals;
+
+class BootTimeTimersTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void timer_repeats()
+    {
+        int calls = 0;
+        const auto timer = BootTimeTimers().repeat(1s, [&] { ++calls; });
+        QTRY_VERIFY(calls >= 2);
+    }
+
+    void timer_isNeverEarly()
+    {
+        QElapsedTimer elapsed;
+        elapsed.start();
+        int calls = 0;
+        const auto timer = BootTimeTimers().repeat(1s, [&] { ++calls; });
+        QTRY_COMPARE(calls, 1);
+        QVERIFY(std::chrono::milliseconds(elapsed.elapsed()) >= 1s);
+    }
+
+    void timer_firesWhileAMenuIsOpen()
+    {
+        QMenu menu;
+        menu.addAction(u"x"_qs);
+        const auto timer = BootTimeTimers().repeat(1s, [&] { menu.close(); });
+        menu.exec(); // ends only when the timer has fired
+        QVERIFY(!menu.isVisible());
+    }
+
+    void intervalsPassedTogether_areOneCall()
+    {
+        int calls = 0;
+        const auto timer = BootTimeTimers().repeat(1s, [&] { ++calls; });
+        // Keeps the event loop away for three intervals, as a sleeping computer would.
+        QElapsedTimer elapsed;
+        elapsed.start();
+        while (std::chrono::milliseconds(elapsed.elapsed()) < 3500ms) { }
+        QCoreApplication::processEvents();
+        QCOMPARE(calls, 1);
+        elapsed.start();
+        QTRY_COMPARE(calls, 2);
+        QVERIFY(std::chrono::milliseconds(elapsed.elapsed()) >= 900ms); // a whole interval after the late call
+    }
+
+    void longIntervals_doNotComeEarly()
+    {
+        int calls = 0;
+        std::vector<std::unique_ptr<RepeatingTimer>> timers;
+        // What overflows 32 bits of milliseconds, and the largest that passes the overflow check.
+        const auto largest = std::chrono::seconds(std::numeric_limits<qint64>::max() / 60 * 60);
+        for (const std::chrono::seconds interval :
+             {std::chrono::seconds(100000min), std::chrono::seconds(4294967s), largest}) {
+            timers.push_back(BootTimeTimers().repeat(interval, [&] { ++calls; }));
+        }
+        bool isShortOneOver = false;
+        const auto shortOne = BootTimeTimers().repeat(1s, [&] { isShortOneOver = true; });
+        QTRY_VERIFY(isShortOneOver);
+        QCOMPARE(calls, 0);
+    }
+
+    void action_mayReplaceItsTimer()
+    {
+        int calls = 0;
+        std::unique_ptr<RepeatingTimer> timer;
+        std::function<void()> restart = [&] {
+            ++calls;
+            timer = BootTimeTimers().repeat(1s, restart);
+        };
+        restart();
+        QTRY_VERIFY(calls >= 3);
+    }
+
+    void destroyed_neverFires()
+    {
+        int calls = 0;
+        BootTimeTimers().repeat(1s, [&] { ++calls; }).reset();
+        bool isOtherOver = false;
+        const auto other = BootTimeTimers().repeat(2s, [&] { isOtherOver = true; });
+        QTRY_VERIFY(isOtherOver);
+        QCOMPARE(calls, 0);
+    }
+};
+
+QTEST_MAIN(BootTimeTimersTest)
+#include "BootTimeTimersTest.moc"

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/PreferencesFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+class PreferencesFileTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { m_place = std::make_unique<QTemporaryDir>(); }
+
+    void leadingInteger_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<qint64>("number");
+        QTest::newRow("plain") << u"30"_qs << 30LL;
+        QTest::newRow("blanks") << u"  30 "_qs << 30LL;
+        QTest::newRow("plus") << u"+7"_qs << 7LL;
+        QTest::newRow("minus") << u"-5"_qs << -5LL;
+        QTest::newRow("two signs") << u"+-5"_qs << 0LL;
+        QTest::newRow("fraction") << u"30.7"_qs << 30LL;
+        QTest::newRow("exponent") << u"1e3"_qs << 1LL;
+        QTest::newRow("hexadecimal") << u"0x10"_qs << 0LL;
+        QTest::newRow("unit") << u"45 minutes"_qs << 45LL;
+        QTest::newRow("word") << u"often"_qs << 0LL;
+        QTest::newRow("empty") << QString() << 0LL;
+        QTest::newRow("largest") << u"9223372036854775807"_qs << std::numeric_limits<qint64>::max();
+        QTest::newRow("too large") << u"9223372036854775808"_qs << 0LL;
+        QTest::newRow("far too large") << QString(400, u'9') << 0LL;
+        QTest::newRow("foreign digits") << u"٣٠"_qs << 0LL;
+    }
+
+    void leadingInteger()
+    {
+        QFETCH(QString, text);
+        QTEST(::leadingInteger(text), "number");
+    }
+
+    void missing_isNothing()
+    {
+        const PreferencesFile preferences(path());
+        QVERIFY(!preferences.string(u"folderPath"_qs));
+        QCOMPARE(preferences.integer(u"intervalMinutes"_qs), 0);
+        QVERIFY(!QFile::exists(path()));
+    }
+
+    void values_areOnTheDiskAtOnce_inTheNamedPlace()
+    {
+        PreferencesFile preferences(path());
+        preferences.setString(u"theme"_qs, u"dark"_qs);
+        preferences.setInteger(u"intervalMinutes"_qs, 25);
+        const QByteArray file = contents();
+        QVERIFY(file.startsWith("[General]\n"));
+        QVERIFY(file.contains("theme=dark\n"));
+        QVERIFY(file.contains("intervalMinutes=25\n"));
+    }
+
+    void text_roundTrips()
+    {
+        const QStringList texts {u"/home/ann/Notes, and more; \"x\" \\ %20"_qs, u"@weird"_qs,
+                                 u" leading"_qs, u"ünï 👩‍👩‍👧"_qs, u"line\nbreak"_qs, QString(u""_qs)};
+        for (const QString &text : texts) {
+            PreferencesFile(path()).setString(u"folderPath"_qs, text);
+            QCOMPARE(PreferencesFile(path()).string(u"folderPath"_qs), std::optional(text));
+        }
+    }
+
+    void listTypedByHand_isReadAsText()
+    {
+        write("[General]\nintervalMinutes=30, 40\nfolderPath=/home/ann/a, b\n");
+        const PreferencesFile preferences(path());
+        QCOMPARE(preferences.integer(u"intervalMinutes"_qs), 30);
+        QCOMPARE(preferences.string(u"folderPath"_qs), std::optional(u"/home/ann/a, b"_qs));
+    }
+
+    void unknownKeys_stay()
+    {
+        write("[General]\nfuture=1\n\n[Elsewhere]\nkey=value\n");
+        PreferencesFile(path()).setString(u"theme"_qs, u"dark"_qs);
+        const QByteArray file = contents();
+        QVERIFY(file.contains("future=1\n"));
+        QVERIFY(file.contains("[Elsewhere]\nkey=value\n"));
+    }
+
+    void keysChangedByAnother_stay()
+    {
+        PreferencesFile ours(path());
+        ours.setString(u"theme"_qs, u"dark"_qs);
+        PreferencesFile(path()).setString(u"other"_qs, u"kept"_qs);
+        ours.setInteger(u"intervalMinutes"_qs, 5);
+        QVERIFY(contents().contains("other=kept\n"));
+    }
+
+    void corruptFile_givesWhatCanBeRead()
+    {
+        write(QByteArray("\xFF\xFE\0garbage\n[General\n=\n[General]\ntheme=dark\n", 44));
+        PreferencesFile preferences(path());
+        QCOMPARE(preferences.integer(u"intervalMinutes"_qs), 0);
+        preferences.setInteger(u"intervalMinutes"_qs, 5);
+        QCOMPARE(PreferencesFile(path()).integer(u"intervalMinutes"_qs), 5);
+    }
+
+    void unwritablePlace_keepsTheValueForTheRun()
+    {
+        // A directory stands where the file should be; no permission is needed to test that.
+        QVERIFY(QDir().mkpath(path()));
+        PreferencesFile preferences(path());
+        preferences.setString(u"theme"_qs, u"dark"_qs);
+        QCOMPARE(preferences.string(u"theme"_qs), std::optional(u"dark"_qs));
+        QVERIFY(QDir(path()).exists());
+    }
+
+private:
+    [[nodiscard]] QString path() const { return m_place->filePath(u"Tovla/Tovla.conf"_qs); }
+    void write(const QByteArray &bytes) const
+    {
+        QVERIFY(QDir().mkpath(m_place->filePath(u"Tovla"_qs)));
+        QFile file(path());
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+    [[nodiscard]] QByteArray contents() const
+    {
+        QFile file(path());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    std::unique_ptr<QTemporaryDir> m_place;
+};
+
+QTEST_GUILESS_MAIN(PreferencesFileTest)
+#include "PreferencesFileTest.moc"

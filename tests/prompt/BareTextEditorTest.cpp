@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: MIT
+#include "look/Look.h"
+#include "prompt/BareTextEditor.h"
+#include "support/AppStateForTests.h"
+
+#include <QClipboard>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QTest>
+
+class BareTextEditorTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_height = 52;
+        m_heights.clear();
+        m_window = std::make_unique<QWidget>();
+        m_window->resize(494, 289);
+        m_editor = new BareTextEditor({.read = [this] { return m_height; },
+                                       .write =
+                                           [this](double height) {
+                                               m_height = height;
+                                               m_heights.append(height);
+                                           }},
+                                      m_window.get());
+        m_editor->resize(494, 289);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    }
+
+    void empty_measuresOneLine_andTakesTheFocus()
+    {
+        QTRY_VERIFY(m_editor->hasFocus());
+        const int line = lineHeight();
+        QCOMPARE(m_height, qMax(52, line + 32));
+        QVERIFY(m_heights.size() <= 1);
+    }
+
+    void eachLine_addsItsHeight_onceEach()
+    {
+        QTRY_VERIFY(m_editor->hasFocus());
+        const int line = lineHeight();
+        m_heights.clear();
+        QTest::keyClicks(m_editor, u"one"_qs);
+        QVERIFY(m_heights.isEmpty());
+        QTest::keyClick(m_editor, Qt::Key_Return);
+        QTest::keyClicks(m_editor, u"two"_qs);
+        QTest::keyClick(m_editor, Qt::Key_Return, Qt::ShiftModifier);
+        QCOMPARE(m_heights, (QList<double> {2.0 * line + 32, 3.0 * line + 32}));
+        QCOMPARE(m_editor->text(), u"one\ntwo\n"_qs);
+    }
+
+    void keypadEnter_breaksTheLine()
+    {
+        QTest::keyClick(m_editor, Qt::Key_Enter, Qt::KeypadModifier);
+        QCOMPARE(m_editor->text(), u"\n"_qs);
+    }
+
+    void longPaste_reportsTheCap_andScrolls()
+    {
+        paste(u"line\n"_qs.repeated(1000));
+        QCOMPARE(m_height, 320.0);
+        QVERIFY(m_editor->verticalScrollBar()->value() > 0);
+        QVERIFY(!m_editor->verticalScrollBar()->isVisible());
+        QVERIFY(m_editor->viewport()->rect().contains(m_editor->cursorRect()));
+        QTest::keyClick(m_editor, Qt::Key_Home, Qt::ControlModifier);
+        QCOMPARE(m_editor->verticalScrollBar()->value(), 0);
+        QTest::keyClick(m_editor, Qt::Key_PageDown);
+        QVERIFY(m_editor->verticalScrollBar()->value() > 0);
+    }
+
+    void shrinking_isReportedToo()
+    {
+        paste(u"a\nb\nc"_qs);
+        const double before = m_height;
+        QTest::keyClick(m_editor, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(m_editor, Qt::Key_Delete);
+        QCOMPARE(m_height, before - 2 * lineHeight());
+    }
+
+    void atTheFittingHeight_nothingScrolls()
+    {
+        paste(u"a\nb\nc"_qs);
+        m_editor->resize(494, static_cast<int>(m_height) - 32 + 1);
+        QCOMPARE(m_editor->verticalScrollBar()->maximum(), 0);
+    }
+
+    void styledText_isPastedPlain()
+    {
+        auto *const styled = new QMimeData;
+        styled->setHtml(u"<b>bold</b> word"_qs);
+        styled->setText(u"bold\r\nword\u2028x"_qs);
+        QGuiApplication::clipboard()->setMimeData(styled);
+        m_editor->paste();
+        QCOMPARE(m_editor->text(), u"bold\nword\nx"_qs);
+        QVERIFY(!m_editor->textCursor().charFormat().hasProperty(QTextFormat::FontWeight));
+    }
+
+    void htmlAlone_isPastedAsItsText()
+    {
+        auto *const styled = new QMimeData;
+        styled->setHtml(u"<p>one</p><p>two</p>"_qs);
+        QGuiApplication::clipboard()->setMimeData(styled);
+        m_editor->paste();
+        QCOMPARE(m_editor->text(), u"one\ntwo"_qs);
+    }
+
+    void everyCharacter_isKept()
+    {
+        const QString text = u"\u00A0\tx\u00A0 👩‍👩‍👧 e\u0301\u0085\uFEFF\u200F.\v\f\uFFFC"_qs;
+        paste(text);
+        QCOMPARE(m_editor->text(), text);
+        m_editor->selectAll();
+        m_editor->copy();
+        QCOMPARE(QGuiApplication::clipboard()->text(), text);
+        QCOMPARE(QGuiApplication::clipboard()->mimeData()->formats(),
+                 QStringList {u"text/plain"_qs});
+    }
+
+    void committedText_isPlainToo()
+    {
+        QInputMethodEvent commit;
+        commit.setCommitString(u"a\u2028b\rc"_qs + QChar(0));
+        QCoreApplication::sendEvent(m_editor, &commit);
+        QCOMPARE(m_editor->text(), u"a\nb\nc\uFFFD"_qs);
+    }
+
+    void composing_isNotEmpty_andHidesThePlaceholder()
+    {
+        m_editor->setPlaceholderText(u"question"_qs);
+        const QImage asking = m_editor->grab().toImage();
+        QVERIFY(m_editor->isEmpty());
+        QInputMethodEvent composing(u" "_qs, {});
+        QCoreApplication::sendEvent(m_editor, &composing);
+        QVERIFY(m_editor->isComposing());
+        QVERIFY(!m_editor->isEmpty());
+        QVERIFY(m_editor->grab().toImage() != asking);
+    }
+
+    void setText_onlyReplacesWhatDiffers()
+    {
+        paste(u"same"_qs);
+        QVERIFY(m_editor->document()->isUndoAvailable());
+        m_editor->setText(u"same"_qs);
+        QVERIFY(m_editor->document()->isUndoAvailable());
+        m_editor->setText(u"other"_qs);
+        QCOMPARE(m_editor->text(), u"other"_qs);
+    }
+
+    void undo_takesAPasteBackAtOnce()
+    {
+        QTest::keyClicks(m_editor, u"a"_qs);
+        paste(u"b\nc\nd"_qs);
+        QTest::keyClick(m_editor, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_editor->text(), u"a"_qs);
+        QTest::keyClick(m_editor, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(m_editor->text(), u"ab\nc\nd"_qs);
+    }
+
+    void tab_isText()
+    {
+        QTest::keyClick(m_editor, Qt::Key_Tab);
+        QCOMPARE(m_editor->text(), u"\t"_qs);
+    }
+
+    void deadBand_writesNothing()
+    {
+        QTRY_VERIFY(m_editor->hasFocus());
+        m_heights.clear();
+        m_height += 0.5;
+        QTest::keyClicks(m_editor, u"x"_qs);
+        QVERIFY(m_heights.isEmpty());
+        m_height += 0.1;
+        QTest::keyClicks(m_editor, u"x"_qs);
+        QCOMPARE(m_heights.size(), 1);
+    }
+
+    void placeholder_isWhereTheTextIs_toThePixel()
+    {
+        TestDesktop desktop;
+        const Desktop capabilities = desktop.capabilities();
+        Look look = ::look(ThemePreference::light, *capabilities.appearance);
+        look.primaryText = look.placeholder;
+        m_editor->setLook(look);
+        m_editor->clearFocus(); // no caret
+        const QString question = u"What would you like to note about this moment?"_qs;
+        m_editor->setPlaceholderText(question);
+        const QImage asked = m_editor->grab().toImage();
+        m_editor->setText(question);
+        QCOMPARE(m_editor->grab().toImage(), asked);
+        m_editor->setText(u"x"_qs);
+        QVERIFY(m_editor->grab().toImage() != asked);
+    }
+
+private:
+    void paste(const QString &text)
+    {
+        QGuiApplication::clipboard()->setText(text);
+        m_editor->paste();
+    }
+    [[nodiscard]] int lineHeight() const { return m_editor->cursorRect().height(); }
+
+    double m_height = 0;
+    QList<double> m_heights;
+    std::unique_ptr<QWidget> m_window;
+    BareTextEditor *m_editor = nullptr;
+};
+
+QTEST_MAIN(BareTextEditorTest)
+#include "BareTextEditorTest.moc"

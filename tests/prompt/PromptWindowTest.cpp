@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: MIT
+#include "support/AppStateForTests.h"
+#include "support/TimeZone.h"
+
+#include <QAbstractButton>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QPlainTextEdit>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QTest>
+
+class PromptWindowTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_place = std::make_unique<QTemporaryDir>();
+        m_desktop = std::make_unique<TestDesktop>();
+        m_desktop->isComposited = false; // the window is its frame: no shadow around it
+        m_state = std::make_unique<AppStateForTests>(*m_desktop);
+        (*m_state)->setFolderPath(m_place->filePath(u"Journal"_qs));
+    }
+
+    void cleanup() { m_state.reset(); }
+
+    void title_isTheOpenTime_onA24HourClock()
+    {
+        const TimeZone zone("Europe/Berlin");
+        m_desktop->now = QDateTime(QDate(2026, 11, 15), QTime(13, 30), Qt::UTC);
+        open();
+        QCOMPARE(window()->windowTitle(), u"14:30"_qs);
+    }
+
+    void opensSettled_inTheUpperThirdOfTheScreen()
+    {
+        open();
+        QTRY_COMPARE(window()->height(), 28 + 24 + qMax(52, editor()->cursorRect().height() + 32));
+        QCOMPARE(window()->width(), 560);
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        QCOMPARE(window()->x(), screen.x() + (screen.width() - 560) / 2);
+        QCOMPARE(window()->y(), screen.y() + (screen.height() - 28 - 76) / 3);
+    }
+
+    void growsDownward_toTheCap()
+    {
+        open();
+        const QPoint place = window()->pos();
+        int before = window()->height();
+        QTest::keyClick(editor(), Qt::Key_Return);
+        const int line = editor()->cursorRect().height();
+        QTRY_COMPARE(window()->height(), before + line);
+        before = window()->height();
+        paste(u"x\n"_qs.repeated(100));
+        QTRY_COMPARE(window()->height(), 28 + 344);
+        QCOMPARE(window()->pos(), place);
+        QCOMPARE(window()->width(), 560);
+        QTest::keyClick(editor(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(editor(), Qt::Key_Delete);
+        QTRY_COMPARE(window()->height(), before - line);
+        QCOMPARE(window()->pos(), place);
+    }
+
+    void animatedGrowth_endsAtTheLastHeightAskedFor()
+    {
+        m_desktop->wantsReducedMotion = false;
+        open();
+        QVERIFY(QTest::qWaitForWindowExposed(window()));
+        const int before = window()->height();
+        const int line = editor()->cursorRect().height();
+        QTest::keyClick(editor(), Qt::Key_Return);
+        QCoreApplication::processEvents();
+        QTest::keyClick(editor(), Qt::Key_Return);
+        QTest::keyClick(editor(), Qt::Key_Return);
+        QTRY_COMPARE(window()->height(), before + 3 * line);
+        QTest::keyClick(editor(), Qt::Key_Backspace);
+        QTRY_COMPARE(window()->height(), before + 2 * line);
+    }
+
+    void secondShow_doesNothing()
+    {
+        open();
+        QWidget *const first = window();
+        first->move(10, 10);
+        m_desktop->now = m_desktop->now.addSecs(3600);
+        const QString title = first->windowTitle();
+        (*m_state)->showPrompt();
+        QCOMPARE(window(), first);
+        QCOMPARE(window()->windowTitle(), title);
+        QCOMPARE(window()->pos(), QPoint(10, 10));
+        QCOMPARE(m_desktop->presented.size(), 1);
+        QCOMPARE(m_desktop->soundLog, QStringList {u"play Purr"_qs});
+    }
+
+    void closeButton_leavesAStaleWindow_andTheNextIsFresh()
+    {
+        open();
+        QTest::keyClicks(editor(), u"lost"_qs);
+        const QPointer first = window();
+        QTest::mouseClick(closeButton(), Qt::LeftButton);
+        QVERIFY(!window()->isVisible());
+        QCOMPARE(window(), first.data());
+        (*m_state)->showPrompt();
+        QVERIFY(window() != first.data());
+        QVERIFY(window()->isVisible());
+        QCOMPARE(editor()->toPlainText(), QString());
+        QTRY_VERIFY(!first); // dies on a later turn
+    }
+
+    void escape_dropsTheNote()
+    {
+        open();
+        QTest::keyClicks(editor(), u"lost"_qs);
+        const QPointer closing = window();
+        QTest::keyClick(editor(), Qt::Key_Escape);
+        QVERIFY(!window());
+        QVERIFY(closing && !closing->isVisible());
+        QTRY_VERIFY(!closing);
+        QVERIFY(!QFile::exists((*m_state)->folderPath()));
+    }
+
+    void submit_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<bool>("fromButton");
+        const Qt::KeyboardModifiers control = Qt::ControlModifier;
+        const Qt::KeyboardModifiers super = Qt::MetaModifier;
+        const int enter = Qt::Key_Enter;
+        const int key = Qt::Key_Return;
+        QTest::newRow("Control-Return") << key << control << false;
+        QTest::newRow("Super-Return") << key << super << false;
+        QTest::newRow("Control-Enter") << enter << (control | Qt::KeypadModifier) << false;
+        QTest::newRow("Super-Enter") << enter << (super | Qt::KeypadModifier) << false;
+        QTest::newRow("on the button") << key << control << true;
+    }
+
+    void submit()
+    {
+        QFETCH(int, key);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(bool, fromButton);
+        const TimeZone zone("Europe/Berlin");
+        open();
+        QTest::keyClicks(editor(), u"  word"_qs);
+        QTest::keyClick(editor(), Qt::Key_Return);
+        QTest::keyClick(editor(), Qt::Key_Return);
+        QWidget *const target = fromButton ? static_cast<QWidget *>(closeButton()) : editor();
+        target->setFocus();
+        QTest::keyClick(target, static_cast<Qt::Key>(key), modifiers);
+        QVERIFY(!window());
+        QCOMPARE(day(), "# 2026-11-15\n\n## 10:05\nword\n");
+    }
+
+    void blankNote_isNotSubmitted()
+    {
+        open();
+        QTest::keyClicks(editor(), u"  "_qs);
+        QTest::keyClick(editor(), Qt::Key_Return);
+        QTest::keyClick(editor(), Qt::Key_Return, Qt::ControlModifier);
+        QVERIFY(window()->isVisible());
+        QCOMPARE(editor()->toPlainText(), u"  \n"_qs);
+        QVERIFY(m_desktop->alerts.isEmpty());
+    }
+
+    void heldKeys_areNoNewPress()
+    {
+        open();
+        QTest::keyClicks(editor(), u"x"_qs);
+        constexpr bool isPress = true;
+        constexpr bool isRepeat = true;
+        QTest::simulateEvent(editor(), isPress, Qt::Key_Return, Qt::ControlModifier, u"\r"_qs,
+                             isRepeat);
+        QTest::simulateEvent(editor(), isPress, Qt::Key_Escape, Qt::NoModifier, QString(),
+                             isRepeat);
+        QVERIFY(window()->isVisible());
+        QCOMPARE(editor()->toPlainText(), u"x"_qs);
+        QTest::keyClick(editor(), Qt::Key_Return, Qt::ControlModifier);
+        QVERIFY(!window());
+    }
+
+    void innerIndentation_isKept()
+    {
+        const TimeZone zone("Europe/Berlin");
+        open();
+        paste(u"one\n    two"_qs);
+        QTest::keyClick(editor(), Qt::Key_Return, Qt::ControlModifier);
+        QCOMPARE(day(), "# 2026-11-15\n\n## 10:05\none\n    two\n");
+    }
+
+    void controlTab_movesTheFocus()
+    {
+        open();
+        QTRY_VERIFY(editor()->hasFocus());
+        QTest::keyClick(editor(), Qt::Key_Tab, Qt::ControlModifier);
+        QVERIFY(closeButton()->hasFocus());
+        QTest::keyClick(closeButton(), Qt::Key_Escape);
+        QVERIFY(!window());
+    }
+
+    void clickIntoThePadding_placesTheCaret()
+    {
+        open();
+        QTest::keyClicks(editor(), u"word"_qs);
+        QWidget *const box = editor()->parentWidget();
+        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(4, box->height() / 2));
+        QCOMPARE(editor()->textCursor().position(), 0);
+    }
+
+    void theme_isReadWhenTheWindowOpens()
+    {
+        m_desktop->colorScheme = ColorScheme::Light;
+        (*m_state)->setTheme(ThemePreference::dark);
+        open();
+        QCOMPARE(boxColor(), QColor(0x1E1E1E));
+        (*m_state)->setTheme(ThemePreference::light);
+        QCoreApplication::processEvents();
+        QCOMPARE(boxColor(), QColor(0x1E1E1E));
+    }
+
+    void systemTheme_followsTheDesktop()
+    {
+        open();
+        QCOMPARE(boxColor(), QColor(0xFFFFFF));
+        m_desktop->setColorScheme(ColorScheme::Dark);
+        QCOMPARE(boxColor(), QColor(0x1E1E1E));
+    }
+
+    void compositor_thatStarts_givesAShadow_andLeavesTheFrame()
+    {
+        open();
+        const QPoint frame = window()->pos();
+        QCOMPARE(window()->grab().toImage().pixelColor(0, 0).alpha(), 255);
+        m_desktop->setComposited(true);
+        QVERIFY(window()->width() > 560);
+        const int side = (window()->width() - 560) / 2;
+        QCOMPARE(window()->x() + side, frame.x());
+        QCOMPARE(window()->grab().toImage().pixelColor(0, 0).alpha(), 0);
+        m_desktop->setComposited(false);
+        QCOMPARE(window()->pos(), frame);
+        QCOMPARE(window()->width(), 560);
+    }
+
+private:
+    void open()
+    {
+        (*m_state)->showPrompt();
+        QVERIFY(QTest::qWaitForWindowActive(window()));
+        QCoreApplication::processEvents(); // the editor has measured its font
+    }
+    [[nodiscard]] QWidget *window() const { return m_state->promptWindow(); }
+    [[nodiscard]] QPlainTextEdit *editor() const { return window()->findChild<QPlainTextEdit *>(); }
+    [[nodiscard]] QAbstractButton *closeButton() const
+    {
+        return window()->findChild<QAbstractButton *>();
+    }
+    [[nodiscard]] QColor boxColor() const
+    {
+        const QWidget *box = editor()->parentWidget();
+        const QPoint middleLeft = box->mapTo(window(), QPoint(4, box->height() / 2));
+        return window()->grab().toImage().pixelColor(middleLeft).rgb();
+    }
+    void paste(const QString &text)
+    {
+        QGuiApplication::clipboard()->setText(text);
+        editor()->paste();
+    }
+    [[nodiscard]] QByteArray day() const
+    {
+        QFile file((*m_state)->folderPath() + u"/2026-11-15.md"_qs);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    }
+
+    std::unique_ptr<QTemporaryDir> m_place;
+    std::unique_ptr<TestDesktop> m_desktop;
+    std::unique_ptr<AppStateForTests> m_state;
+};
+
+QTEST_MAIN(PromptWindowTest)
+#include "PromptWindowTest.moc"
