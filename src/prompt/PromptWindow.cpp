@@ -113,8 +113,7 @@ void PromptWindow::fit()
     const int height = TitleStrip::height + m_view->sizeHint().height();
     m_heightAnimation.stop();
     // What nobody has seen yet simply opens at its right height.
-    const bool isOnScreen = windowHandle() && windowHandle()->isExposed();
-    if (!isOnScreen || m_desktop.appearance->wantsReducedMotion()) {
+    if (!m_hasBeenSeen || m_desktop.appearance->wantsReducedMotion()) {
         setFrameHeight(height);
         return;
     }
@@ -182,6 +181,7 @@ void PromptWindow::mousePressEvent(QMouseEvent *event)
 
 void PromptWindow::paintEvent(QPaintEvent *)
 {
+    m_hasBeenSeen = true;
     QPainter painter(this);
     m_background.paint(painter, frame(), m_behind);
 }

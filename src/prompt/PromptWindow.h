@@ -53,4 +53,5 @@ private:
     TitleStrip *m_titleStrip = nullptr;
     PromptView *m_view = nullptr;
     QVariantAnimation m_heightAnimation;
+    bool m_hasBeenSeen = false;
 };
