@@ -54,6 +54,8 @@ PromptWindow::PromptWindow(const QDateTime &openedAt, ThemePreference theme,
     updateBackdrop();
     setFrameHeight(TitleStrip::height + m_view->sizeHint().height());
     centreOnScreenWithPointer();
+    // Queued behind the editor's first measurement, which tells the height to open at.
+    QMetaObject::invokeMethod(this, &PromptWindow::settle, Qt::QueuedConnection);
 }
 
 void PromptWindow::createContent(const QString &title, PromptCallbacks callbacks)
@@ -103,6 +105,12 @@ void PromptWindow::setFrameHeight(int height)
     setFixedSize(QSize(PromptView::width, height).grownBy(m_shadow));
 }
 
+void PromptWindow::settle()
+{
+    fit();
+    m_isSettled = true;
+}
+
 void PromptWindow::scheduleFit()
 {
     QMetaObject::invokeMethod(this, &PromptWindow::fit, Qt::QueuedConnection);
@@ -112,8 +120,10 @@ void PromptWindow::fit()
 {
     const int height = TitleStrip::height + m_view->sizeHint().height();
     m_heightAnimation.stop();
-    // What nobody has seen yet simply opens at its right height.
-    if (!m_hasBeenSeen || m_desktop.appearance->wantsReducedMotion()) {
+    if (height == frameHeight()) {
+        return;
+    }
+    if (!m_isSettled || m_desktop.appearance->wantsReducedMotion()) {
         setFrameHeight(height);
         return;
     }
@@ -181,7 +191,6 @@ void PromptWindow::mousePressEvent(QMouseEvent *event)
 
 void PromptWindow::paintEvent(QPaintEvent *)
 {
-    m_hasBeenSeen = true;
     QPainter painter(this);
     m_background.paint(painter, frame(), m_behind);
 }

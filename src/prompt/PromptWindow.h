@@ -36,6 +36,7 @@ private:
     void createContent(const QString &title, PromptCallbacks callbacks);
     void followDesktop();
     void centreOnScreenWithPointer();
+    void settle();
     void scheduleFit();
     void fit();
     void setFrameHeight(int height);
@@ -53,5 +54,5 @@ private:
     TitleStrip *m_titleStrip = nullptr;
     PromptView *m_view = nullptr;
     QVariantAnimation m_heightAnimation;
-    bool m_hasBeenSeen = false;
+    bool m_isSettled = false;
 };
