@@ -15,7 +15,7 @@ from pathlib import Path
 
 import x11
 
-PATIENCE_SECONDS = 60
+PATIENCE_SECONDS = float(os.environ.get("TOVLA_TEST_PATIENCE", 60))
 
 
 class Desktop:
@@ -23,6 +23,7 @@ class Desktop:
                  tray=True):
         self.home = Path(tempfile.mkdtemp(prefix="tovla-desktop-"))
         self.processes = []
+        self.tovlas = []
         self.tray = None
         self._set_environment(scale)
         self._start_display(size)
@@ -103,7 +104,20 @@ class Desktop:
     def start_tovla(self, *arguments, **environment):
         program = self.start(os.environ["TOVLA"], *arguments, stderr=subprocess.PIPE, text=True,
                              env={**os.environ, **environment})
+        self.tovlas.append(program)
         return Tovla(program, self)
+
+    def forget_user(self):
+        """A user who has never run the program."""
+        for folder in (self.preferences_file().parent, self.journal()):
+            shutil.rmtree(folder, ignore_errors=True)
+
+    def stop_tovlas(self):
+        for process in self.tovlas:
+            if process.poll() is None:
+                os.killpg(process.pid, signal.SIGKILL)
+            process.wait()
+        self.tovlas.clear()
 
     def screenshot(self, path):
         subprocess.run(["import", "-window", "root", str(path)], check=True)
@@ -112,6 +126,7 @@ class Desktop:
         for process in reversed(self.processes):
             if process.poll() is None:
                 os.killpg(process.pid, signal.SIGKILL)
+        for process in self.processes:
             process.wait()
             for stream in (process.stdout, process.stderr):
                 if stream:
@@ -135,6 +150,14 @@ class Tovla:
 
     def wait_for_tray_item(self):
         return wait_for(lambda: self.desktop.tray.item_of(self.process.pid), "the tray item")
+
+    def act_when_ready(self, action):
+        wait_for(lambda: "org.tovla.Tovla" in output("gdbus", "call", "--session", "--dest",
+                                                     "org.freedesktop.DBus", "--object-path", "/",
+                                                     "--method",
+                                                     "org.freedesktop.DBus.ListNames"),
+                 "the program on the bus")
+        self.act(action)
 
     def act(self, action):
         """Asks through the bus, as a launcher's action does."""

@@ -1,0 +1,100 @@
+# SPDX-License-Identifier: MIT
+"""What the tests that drive the real program have in common."""
+import re
+import subprocess
+import unittest
+
+from desktop import Desktop, output, visible_windows, wait_for
+
+QUESTION = "What would you like to note about this moment?"
+
+
+class DesktopCase(unittest.TestCase):
+    """One desktop for all tests of a file: the accessibility tree is found only once a process."""
+
+    desktop_options = {}
+
+    @classmethod
+    def setUpClass(cls):
+        cls.desktop = Desktop(**cls.desktop_options)
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.desktop.close()
+
+    def setUp(self):
+        self.desktop.forget_user()
+        self.tovla = None
+
+    def tearDown(self):
+        self.desktop.stop_tovlas()
+
+    def start(self, folder=True, **preferences):
+        if folder:
+            preferences.setdefault("folderPath", self.desktop.journal())
+        if preferences:
+            self.desktop.write_preferences(**preferences)
+        self.tovla = self.desktop.start_tovla()
+        self.item = self.tovla.wait_for_tray_item()
+        return self.tovla
+
+    def open_menu(self):
+        """Opens the menu that Tovla draws itself; popups are not in the accessibility tree."""
+        before = len(visible_titles())
+        self.item.activate()
+        wait_for(lambda: len(visible_titles()) > before, "the menu")
+
+    def open_prompt(self):
+        """Opens a prompt from the tray and waits until it has the keyboard."""
+        import accessibility
+        self.item.click("Write now")
+        editor = accessibility.find(QUESTION)
+        wait_for(lambda: accessibility.is_focused(editor), "the caret in the prompt")
+        wait_for(lambda: is_time(active_window_title()), "the prompt to be active")
+        return editor
+
+    def prompt_titles(self):
+        return [title for title in visible_titles() if is_time(title)]
+
+    def wait_until_no_prompt(self):
+        wait_for(lambda: not self.prompt_titles(), "the prompt to close")
+
+    def day_files(self):
+        return sorted(self.desktop.journal().glob("*")) if self.desktop.journal().exists() else []
+
+    def wait_for_day_file(self, condition):
+        return wait_for(lambda: any(condition(path.read_bytes()) for path in self.day_files()),
+                        "the day file to be written")
+
+
+def is_time(title):
+    return re.fullmatch(r"\d\d:\d\d", title) is not None
+
+
+def visible_titles():
+    ids = output("xdotool", "search", "--onlyvisible", "--class", "^tovla$").split()
+    return [output("xdotool", "getwindowname", number) for number in ids]
+
+
+def active_window_title():
+    return output("xdotool", "getactivewindow", "getwindowname")
+
+
+def press_keys(*keys):
+    subprocess.run(["xdotool", "key", *keys], check=True)
+
+
+def type_text(text):
+    subprocess.run(["xdotool", "type", "--delay", "5", "--", text], check=True)
+
+
+def click(x, y, button=1):
+    subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", str(button)], check=True)
+
+
+def geometry_of(title):
+    """x, y, width and height on the screen of the visible window of that title."""
+    window = wait_for(lambda: visible_windows(title), f"the window {title!r}")[0]
+    shell = output("xdotool", "getwindowgeometry", "--shell", str(window))
+    values = dict(line.split("=") for line in shell.splitlines())
+    return tuple(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))

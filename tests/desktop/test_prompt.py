@@ -1,0 +1,178 @@
+# SPDX-License-Identifier: MIT
+"""The road of one prompt, from the tray to the day file."""
+import re
+import unittest
+
+import accessibility
+from case import (QUESTION, DesktopCase, active_window_title, click, geometry_of, press_keys,
+                  type_text, visible_titles)
+from desktop import output, wait_for
+
+
+class PromptTest(DesktopCase):
+    def test_first_launch_asks_for_a_folder_and_the_first_note_is_saved(self):
+        self.start(folder=False)
+        wait_for(lambda: "Tovla Settings" in visible_titles(), "the settings")
+        self.assertFalse(self.desktop.preferences_file().exists())
+
+        self.desktop.journal().mkdir()
+        wait_for(lambda: active_window_title() == "Tovla Settings", "the settings to be active")
+        accessibility.press("Choose…")
+        accessibility.find("Choose")
+        wait_for(lambda: active_window_title() != "Tovla Settings", "the chooser to be active")
+        type_text(str(self.desktop.journal()))
+        press_keys("Return")
+        wait_for(lambda: f"folderPath={self.desktop.journal()}" in self.preferences(),
+                 "the folder in the preferences")
+        accessibility.find(str(self.desktop.journal()))
+        self.assertEqual(self.item.labels()[0], "Every 60 min → Journal")
+
+        self.open_prompt()
+        type_text("Finished the report.")
+        press_keys("ctrl+Return")
+        self.wait_until_no_prompt()
+        (path,) = self.day_files()
+        self.assertRegex(path.name, r"^\d{4}-\d\d-\d\d\.md$")
+        self.assertRegex(path.read_bytes().decode(),
+                         rf"^# {path.stem}\n\n## \d\d:\d\d\nFinished the report\.\n$")
+
+    def test_second_note_follows_after_one_blank_line(self):
+        self.start()
+        for note in ("one", "two"):
+            self.open_prompt()
+            type_text(note)
+            press_keys("Return")
+            type_text("    more")
+            press_keys("Return", "Return", "ctrl+Return")
+            self.wait_until_no_prompt()
+        (path,) = self.day_files()
+        self.assertTrue(re.fullmatch(
+            rf"# {path.stem}\n\n## \d\d:\d\d\none\n    more\n\n## \d\d:\d\d\ntwo\n    more\n",
+            path.read_text()), path.read_bytes())
+
+    def test_prompt_takes_the_keyboard_from_who_is_typing(self):
+        self.start()
+        typed = self.desktop.home / "typed"
+        other = self.desktop.start("xterm", "-T", "other", "-e", f"cat > {typed}")
+        wait_for(lambda: active_window_title() == "other", "the other program")
+        type_text("for the other\n")
+        wait_for(lambda: typed.exists() and typed.read_text() == "for the other\n",
+                 "what was typed to arrive")
+        self.open_prompt()
+        type_text("for the note")
+        press_keys("ctrl+Return")
+        self.wait_for_day_file(lambda content: content.endswith(b"\nfor the note\n"))
+        self.assertEqual(typed.read_text(), "for the other\n")
+        other.terminate()
+
+    def test_escape_throws_the_note_away(self):
+        self.start()
+        self.open_prompt()
+        type_text("lost")
+        press_keys("Escape")
+        self.wait_until_no_prompt()
+        self.assertEqual(self.day_files(), [])
+        editor = self.open_prompt()
+        self.assertEqual(accessibility.text_of(editor), "")
+
+    def test_close_button_throws_the_note_away(self):
+        self.start()
+        self.open_prompt()
+        type_text("lost")
+        (title,) = self.prompt_titles()
+        x, y, width, _ = geometry_of(title)
+        shadow = (width - 560) // 2
+        shadow_above = int(output("xprop", "-name", title, "_GTK_FRAME_EXTENTS").split(",")[2])
+        click(x + shadow + 18, y + shadow_above + 14)
+        self.wait_until_no_prompt()
+        editor = self.open_prompt()
+        self.assertEqual(accessibility.text_of(editor), "")
+        accessibility.press("Close")
+        self.wait_until_no_prompt()
+        self.assertEqual(self.day_files(), [])
+
+    def test_blank_note_keeps_the_prompt(self):
+        self.start()
+        editor = self.open_prompt()
+        type_text("  ")
+        press_keys("ctrl+Return")
+        type_text("x")
+        wait_for(lambda: accessibility.text_of(editor) == "  x", "what was typed")
+        self.assertEqual(len(self.prompt_titles()), 1)
+        self.assertEqual(self.day_files(), [])
+
+    def test_without_a_folder_an_alert_comes_above_the_prompt(self):
+        self.start(folder=False)
+        wait_for(lambda: "Tovla Settings" in visible_titles(), "the settings")
+        self.open_prompt()
+        type_text("nowhere to go")
+        press_keys("ctrl+Return")
+        accessibility.find("Pick a folder in Settings before saving entries.")
+        wait_for(lambda: active_window_title() == "Journal", "the alert to be active")
+        self.assertEqual(len(self.prompt_titles()), 1)
+        press_keys("Return")
+        self.wait_until_no_prompt()
+        self.assertNotIn("Journal", visible_titles())
+
+    def test_failed_save_says_why_and_escape_dismisses(self):
+        self.start()
+        self.desktop.journal().write_text("a file where the folder should be")
+        self.open_prompt()
+        type_text("x")
+        press_keys("ctrl+Return")
+        accessibility.find("Could not save entry: Not a directory")
+        wait_for(lambda: active_window_title() == "Journal", "the alert to be active")
+        press_keys("Escape")
+        self.wait_until_no_prompt()
+        self.desktop.journal().unlink()
+
+    def test_second_write_now_changes_nothing(self):
+        self.start()
+        editor = self.open_prompt()
+        type_text("still here")
+        wait_for(lambda: accessibility.text_of(editor) == "still here", "what was typed")
+        self.item.click("Write now")
+        self.item.labels()  # answered after the click was served
+        self.assertEqual(len(self.prompt_titles()), 1)
+        self.assertEqual(accessibility.text_of(editor), "still here")
+
+    def test_quit_ends_the_program_even_with_a_prompt_open(self):
+        self.start()
+        self.open_prompt()
+        self.item.click("Quit")
+        self.assertEqual(self.tovla.wait_for_end(), 0)
+        self.assertEqual(self.tovla.process.stderr.read(), "")
+
+    def test_window_is_a_floating_card(self):
+        self.start()
+        self.open_prompt()
+        (title,) = self.prompt_titles()
+        state = output("xprop", "-name", title, "_NET_WM_STATE")
+        for atom in ("_ABOVE", "_SKIP_TASKBAR", "_SKIP_PAGER"):
+            self.assertIn("_NET_WM_STATE" + atom, state)
+        left, right, above, below = (
+            int(part) for part in
+            output("xprop", "-name", title, "_GTK_FRAME_EXTENTS").split("=")[1].split(","))
+        x, y, width, height = geometry_of(title)
+        self.assertEqual(width - left - right, 560)
+        frame_height = height - above - below
+        self.assertIn(frame_height, range(104, 373))
+        self.assertEqual(x + left, (1280 - 560) // 2)
+        self.assertEqual(y + above, (900 - 104) // 3)
+
+    def test_growing_keeps_the_top_edge(self):
+        self.start()
+        self.open_prompt()
+        (title,) = self.prompt_titles()
+        x, y, _, before = geometry_of(title)
+        press_keys(*["Return"] * 30)
+        wait_for(lambda: geometry_of(title)[3] - before > 200, "the card to grow")
+        self.assertEqual(geometry_of(title)[:2], (x, y))
+
+    def preferences(self):
+        path = self.desktop.preferences_file()
+        return path.read_text() if path.exists() else ""
+
+
+if __name__ == "__main__":
+    unittest.main()
