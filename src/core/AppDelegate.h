@@ -14,7 +14,7 @@ class AppDelegate final : public QObject
 public:
     AppDelegate() = default;
 
-    void applicationDidFinishLaunching();
+    static void applicationDidFinishLaunching();
 
     [[nodiscard]] UpdaterController &updaterController() { return m_updaterController; }
 

@@ -133,12 +133,11 @@ void AppState::restartTimer()
         endBecauseIntervalOverflows();
     }
     setNextPromptDate(PromptSchedule::nextPromptDate(m_desktop.clock->now(), *interval));
-    m_timer = m_desktop.timers->repeat(
-        *interval, [state = QPointer(this), interval = *interval] {
-            if (state) {
-                state->promptIsDue(interval);
-            }
-        });
+    m_timer = m_desktop.timers->repeat(*interval, [state = QPointer(this), interval = *interval] {
+        if (state) {
+            state->promptIsDue(interval);
+        }
+    });
 }
 
 void AppState::promptIsDue(std::chrono::seconds interval)

@@ -23,5 +23,6 @@ void installCatalogue()
     install(english, english->load(QStringLiteral("tovla_en"), catalogueDir));
     // The translator that is installed last is asked first.
     auto *const ours = new QTranslator(qApp);
-    install(ours, ours->load(QLocale(), QStringLiteral("tovla"), QStringLiteral("_"), catalogueDir));
+    install(ours,
+            ours->load(QLocale(), QStringLiteral("tovla"), QStringLiteral("_"), catalogueDir));
 }

@@ -10,13 +10,13 @@ namespace PromptSchedule
 namespace
 {
 // A QDateTime counts milliseconds in 64 bits.
-constexpr std::chrono::milliseconds latestInstant {std::numeric_limits<qint64>::max()};
+constexpr std::chrono::milliseconds latestInstant{std::numeric_limits<qint64>::max()};
 } // namespace
 
 std::optional<std::chrono::seconds> interval(qint64 minutes)
 {
     qint64 seconds = 0;
-    if (__builtin_mul_overflow(minutes, qint64 {60}, &seconds)) {
+    if (__builtin_mul_overflow(minutes, qint64{60}, &seconds)) {
         return std::nullopt;
     }
     return std::chrono::seconds(seconds);
@@ -32,7 +32,7 @@ QDateTime nextPromptDate(const QDateTime &now, std::chrono::seconds interval)
 
 QString statusLine(qint64 intervalMinutes, const QString &folderPath)
 {
-    return QStringLiteral("Every ") + QString::number(intervalMinutes)
-        + QStringLiteral(" min → ") + lastPathComponent(folderPath);
+    return QStringLiteral("Every ") + QString::number(intervalMinutes) + QStringLiteral(" min → ")
+        + lastPathComponent(folderPath);
 }
 } // namespace PromptSchedule

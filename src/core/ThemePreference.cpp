@@ -16,8 +16,8 @@ QString rawValue(ThemePreference theme)
     return QStringLiteral("system");
 }
 
-std::optional<ThemePreference> themePreference(const QString &text)
+std::optional<ThemePreference> themePreference(const QString &rawValue)
 {
-    const auto *found = std::ranges::find(allThemePreferences, text, rawValue);
+    const auto *found = std::ranges::find(allThemePreferences, rawValue, ::rawValue);
     return found == allThemePreferences.end() ? std::nullopt : std::optional(*found);
 }

@@ -10,8 +10,8 @@
 enum class ThemePreference { system, light, dark };
 
 /// In the order in which they are offered.
-inline constexpr std::array allThemePreferences {ThemePreference::system, ThemePreference::light,
-                                                 ThemePreference::dark};
+inline constexpr std::array allThemePreferences{ThemePreference::system, ThemePreference::light,
+                                                ThemePreference::dark};
 
 /// The word that is saved: "system", "light" or "dark".
 [[nodiscard]] QString rawValue(ThemePreference theme);

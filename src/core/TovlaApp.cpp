@@ -53,12 +53,11 @@ void TovlaApp::showTrayItem()
                 }
             });
     if (m_trayHost->drawsMenus()) {
-        m_exportedMenu = std::make_unique<MenuContent>(AppState::shared(),
-                                                       MenuContent::Shown::ByTheDesktop);
+        m_exportedMenu
+            = std::make_unique<MenuContent>(AppState::shared(), MenuContent::Shown::ByTheDesktop);
         m_trayItem->setContextMenu(m_exportedMenu.get());
     } else {
-        m_drawnMenu
-            = std::make_unique<MenuContent>(AppState::shared(), MenuContent::Shown::ByUs);
+        m_drawnMenu = std::make_unique<MenuContent>(AppState::shared(), MenuContent::Shown::ByUs);
         m_trayItem->setContextMenu(m_drawnMenu.get());
     }
     m_trayItem->show();
@@ -67,8 +66,7 @@ void TovlaApp::showTrayItem()
 void TovlaApp::popUpMenu()
 {
     if (!m_drawnMenu) {
-        m_drawnMenu
-            = std::make_unique<MenuContent>(AppState::shared(), MenuContent::Shown::ByUs);
+        m_drawnMenu = std::make_unique<MenuContent>(AppState::shared(), MenuContent::Shown::ByUs);
     }
     m_drawnMenu->popup(QCursor::pos());
 }

@@ -28,7 +28,7 @@ private:
     void showTrayItem();
     void finishLaunching();
     void popUpMenu();
-    void sayHowToUpdate();
+    static void sayHowToUpdate();
     void perform(const QString &action);
 
     AppDelegate m_appDelegate;

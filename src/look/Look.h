@@ -49,10 +49,10 @@ struct Tint {
 
 namespace Tints
 {
-inline const Tint blue {QColor(0x007AFF), QColor(0x0A84FF)};
-inline const Tint orange {QColor(0xFF9500), QColor(0xFF9F0A)};
-inline const Tint purple {QColor(0xAF52DE), QColor(0xBF5AF2)};
-inline const Tint green {QColor(0x34C759), QColor(0x30D158)};
+inline const Tint blue{QColor(0x007AFF), QColor(0x0A84FF)};
+inline const Tint orange{QColor(0xFF9500), QColor(0xFF9F0A)};
+inline const Tint purple{QColor(0xAF52DE), QColor(0xBF5AF2)};
+inline const Tint green{QColor(0x34C759), QColor(0x30D158)};
 } // namespace Tints
 
 /// @p fraction of @p color, and the rest of @p base.

@@ -20,7 +20,7 @@ void blurLine(uchar *line, qsizetype stride, int length, int reach, std::vector<
         copy[static_cast<size_t>(i)] = line[i * stride];
     }
     const auto at = [&copy, length](int i) {
-        return i >= 0 && i < length ? int {copy[static_cast<size_t>(i)]} : 0;
+        return i >= 0 && i < length ? int{copy[static_cast<size_t>(i)]} : 0;
     };
     const int width = 2 * reach + 1;
     int sum = 0;
@@ -33,11 +33,12 @@ void blurLine(uchar *line, qsizetype stride, int length, int reach, std::vector<
     }
 }
 
-/// Three box blurs in a row come within 3 % of a Gaussian one (W3C, Filter Effects, feGaussianBlur).
+/// Three box blurs in a row come within 3 % of a Gaussian one (W3C, Filter Effects,
+/// feGaussianBlur).
 void blur(QImage &alpha, qreal sigma)
 {
-    const int reach = qMax(1, static_cast<int>(std::lround(
-                                  (std::sqrt(4 * sigma * sigma + 1) - 1) / 2)));
+    const int reach
+        = qMax(1, static_cast<int>(std::lround((std::sqrt(4 * sigma * sigma + 1) - 1) / 2)));
     std::vector<uchar> copy(static_cast<size_t>(qMax(alpha.width(), alpha.height())));
     for (int pass = 0; pass < 3; ++pass) {
         for (int y = 0; y < alpha.height(); ++y) {
@@ -95,8 +96,7 @@ QPixmap pixmapFor(const QRectF &bounds, const QRectF &rect, qreal radius, const 
 }
 } // namespace
 
-void ShadowPainter::paint(QPainter &painter, const QRectF &rect, qreal radius,
-                          const Shadow &shadow)
+void ShadowPainter::paint(QPainter &painter, const QRectF &rect, qreal radius, const Shadow &shadow)
 {
     const qreal ratio = painter.device()->devicePixelRatioF();
     // Beyond three standard deviations nothing is left of a shadow.

@@ -4,8 +4,7 @@
 #include <QImageReader>
 #include <QPainter>
 
-QPixmap symbol(const QString &name, const QSize &size, const QColor &color,
-               qreal devicePixelRatio)
+QPixmap symbol(const QString &name, const QSize &size, const QColor &color, qreal devicePixelRatio)
 {
     QImageReader reader(QStringLiteral(":/symbols/%1.svg").arg(name));
     reader.setScaledSize(size * devicePixelRatio);

@@ -17,7 +17,7 @@ struct Ring {
     qreal lineWidth;
 };
 // Thinner outwards, so that both look equally strong.
-constexpr std::array rings {Ring {size * 0.26, 0.072 * size}, Ring {size * 0.42, 0.058 * size}};
+constexpr std::array rings{Ring{size * 0.26, 0.072 * size}, Ring{size * 0.42, 0.058 * size}};
 
 /// Draws on demand, so that the lines are sharp at every device pixel ratio.
 class Engine final : public QIconEngine
@@ -49,10 +49,7 @@ public:
         return pixmap;
     }
 
-    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override
-    {
-        return {QSize(size, size)};
-    }
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override { return {QSize(size, size)}; }
 
     QString iconName() override { return QStringLiteral("org.tovla.Tovla-symbolic"); }
 
@@ -88,14 +85,19 @@ void draw(QPainter &painter, const QRectF &rect, const QColor &color)
 
 QByteArray svg()
 {
-    QByteArray paths = "<path d=\"" + circle(dotRadius) + "\"/>\n";
+    QByteArray shapes = circle(dotRadius);
     for (const Ring &ring : rings) {
-        paths += "<path fill-rule=\"evenodd\" d=\"" + circle(ring.radius + ring.lineWidth / 2)
-            + circle(ring.radius - ring.lineWidth / 2) + "\"/>\n";
+        shapes
+            += circle(ring.radius + ring.lineWidth / 2) + circle(ring.radius - ring.lineWidth / 2);
     }
-    const QByteArray side = QByteArray::number(size);
-    return "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + side + "\" height=\"" + side
-        + "\" viewBox=\"0 0 " + side + ' ' + side + "\">\n" + paths + "</svg>\n";
+    return QStringLiteral(
+               R"(<svg xmlns="http://www.w3.org/2000/svg" width="%1" height="%1" viewBox="0 0 %1 %1">
+<path fill-rule="evenodd" d="%2"/>
+</svg>
+)")
+        .arg(size)
+        .arg(QLatin1String(shapes))
+        .toLatin1();
 }
 
 QIcon icon(const QColor &color)

@@ -17,6 +17,6 @@ public:
     /// Shows a warning that is modal to the whole application, with one default button, above
     /// @p over (may be null) and with the keyboard; returns once the user has dismissed it.
     /// Timers go on meanwhile. Both texts are plain.
-    virtual void warn(const QString &messageText, const QString &informativeText,
-                      QWidget *over) = 0;
+    virtual void warn(const QString &messageText, const QString &informativeText, QWidget *over)
+        = 0;
 };

@@ -20,5 +20,6 @@ public:
     /// @p prompt, and returns. @p chosen gets the absolute path of the folder; it is not called
     /// when the user cancels. A chooser that is already open comes to the front instead.
     virtual void choose(QWidget &parent, const QString &prompt,
-                        std::function<void(const QString &path)> chosen) = 0;
+                        std::function<void(const QString &path)> chosen)
+        = 0;
 };

@@ -28,6 +28,7 @@ public:
     /// modal window is open. The time that the computer sleeps counts; however many intervals
     /// passed meanwhile, there is one call, and the next comes a whole interval after it.
     /// @p interval is positive and may be as long as 64 bits hold.
-    [[nodiscard]] virtual std::unique_ptr<RepeatingTimer>
-    repeat(std::chrono::seconds interval, std::function<void()> action) = 0;
+    [[nodiscard]] virtual std::unique_ptr<RepeatingTimer> repeat(std::chrono::seconds interval,
+                                                                 std::function<void()> action)
+        = 0;
 };

@@ -79,7 +79,7 @@ bool BareTextEditor::isEmpty() const
 bool BareTextEditor::isComposing() const
 {
     const QTextLayout *layout = textCursor().block().layout();
-    return layout && !layout->preeditAreaText().isEmpty();
+    return layout != nullptr && !layout->preeditAreaText().isEmpty();
 }
 
 void BareTextEditor::setLook(const Look &look)
@@ -114,12 +114,11 @@ void BareTextEditor::inputMethodEvent(QInputMethodEvent *event)
 void BareTextEditor::paintEvent(QPaintEvent *event)
 {
     QPlainTextEdit::paintEvent(event);
-    const bool isCaretOn = getPaintContext().cursorPosition >= 0
-        || (hasFocus() && isComposing());
+    const bool isCaretOn = getPaintContext().cursorPosition >= 0 || (hasFocus() && isComposing());
     const QRect caret = cursorRect();
     if (isCaretOn && event->rect().intersects(caret.adjusted(0, 0, caretWidth, 0))) {
-        QPainter(viewport()).fillRect(caret.x(), caret.y(), caretWidth, caret.height(),
-                                      m_caretColor);
+        QPainter(viewport())
+            .fillRect(caret.x(), caret.y(), caretWidth, caret.height(), m_caretColor);
     }
 }
 

@@ -26,10 +26,9 @@ void PromptGlassBackground::paint(QPainter &painter, const QRectF &frame, Behind
 
 void PromptGlassBackground::paintGlass(QPainter &painter, const QRectF &frame, Behind behind)
 {
-    m_shadow.paint(painter, frame, cornerRadius,
-                   {.offsetY = 12,
-                    .blur = 36,
-                    .color = atOpacity(Qt::black, isLight() ? 0.28 : 0.45)});
+    m_shadow.paint(
+        painter, frame, cornerRadius,
+        {.offsetY = 12, .blur = 36, .color = atOpacity(Qt::black, isLight() ? 0.28 : 0.45)});
     paintRim(painter, frame);
     const QColor glass = isLight() ? QColor(0xF6F6F6) : QColor(0x28282A);
     const QPainterPath shape = squirclePath(frame, cornerRadius);

@@ -19,18 +19,17 @@ constexpr int linePadding = 5;
 constexpr int editorSlack = 1;
 } // namespace
 
-WritingBox::WritingBox(const Look &look, std::function<void(double)> heightChanged,
-                       QWidget *parent)
+WritingBox::WritingBox(const Look &look, std::function<void(double)> heightChanged, QWidget *parent)
     : QWidget(parent)
-    , m_editor(new BareTextEditor(
-          {.read = [this] { return m_editorHeight; },
-           .write =
-               [this, heightChanged = std::move(heightChanged)](double height) {
-                   m_editorHeight = height;
-                   layOutEditor();
-                   heightChanged(height);
-               }},
-          this))
+    , m_editor(
+          new BareTextEditor({.read = [this] { return m_editorHeight; },
+                              .write =
+                                  [this, heightChanged = std::move(heightChanged)](double height) {
+                                      m_editorHeight = height;
+                                      layOutEditor();
+                                      heightChanged(height);
+                                  }},
+                             this))
 {
     const QString question = tr("What would you like to note about this moment?");
     m_editor->setPlaceholderText(question);
@@ -107,10 +106,9 @@ void PromptView::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     const double opacity = m_colorScheme == ColorScheme::Light ? 0.14 : 0.28;
-    m_shadow.paint(painter, m_box->geometry(), WritingBox::cornerRadius,
-                   {.offsetY = 1,
-                    .blur = 3,
-                    .color = QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity))});
+    m_shadow.paint(
+        painter, m_box->geometry(), WritingBox::cornerRadius,
+        {.offsetY = 1, .blur = 3, .color = QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity))});
 }
 
 void PromptView::addShortcuts()

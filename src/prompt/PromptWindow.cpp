@@ -20,7 +20,7 @@ using Behind = PromptGlassBackground::Behind;
 
 constexpr auto heightAnimationTime = std::chrono::milliseconds(120);
 // How far the shadow (12 down, blur 36) can be seen beyond each edge.
-constexpr QMargins shadowMargins {54, 42, 54, 66};
+constexpr QMargins shadowMargins{54, 42, 54, 66};
 
 Behind behindWindows(const Compositor &compositor)
 {
@@ -33,14 +33,13 @@ Behind behindWindows(const Compositor &compositor)
 /// Rows that stay inside the rounded corners: the whole rectangle would blur beyond them.
 QRegion insideCorners(const QRect &frame)
 {
-    return QRegion(squirclePath(QRectF(frame), PromptGlassBackground::cornerRadius)
-                       .toFillPolygon()
-                       .toPolygon());
+    const QPainterPath shape = squirclePath(frame, PromptGlassBackground::cornerRadius);
+    return {shape.toFillPolygon().toPolygon()};
 }
 } // namespace
 
-PromptWindow::PromptWindow(const QDateTime &openedAt, ThemePreference theme,
-                           const Desktop &desktop, PromptCallbacks callbacks)
+PromptWindow::PromptWindow(const QDateTime &openedAt, ThemePreference theme, const Desktop &desktop,
+                           PromptCallbacks callbacks)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
     , m_theme(theme)
     , m_desktop(desktop)
@@ -161,9 +160,8 @@ void PromptWindow::announceShape()
         return;
     }
     m_desktop.windows->setShadow(*this, m_shadow);
-    m_desktop.windows->setBlurBehind(*this,
-                                     m_behind == Behind::Blurred ? insideCorners(frame())
-                                                                 : QRegion());
+    m_desktop.windows->setBlurBehind(
+        *this, m_behind == Behind::Blurred ? insideCorners(frame()) : QRegion());
 }
 
 bool PromptWindow::event(QEvent *event)

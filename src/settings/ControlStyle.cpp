@@ -32,16 +32,15 @@ void drawFace(QPainter &painter, const QStyleOption &option)
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF rect = QRectF(option.rect).adjusted(faceMargin, faceMargin, -faceMargin,
-                                                     -faceMargin - 1);
+    const QRectF rect
+        = QRectF(option.rect).adjusted(faceMargin, faceMargin, -faceMargin, -faceMargin - 1);
     if (option.state.testFlag(QStyle::State_HasFocus)
         && option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
         QColor ring = option.palette.color(QPalette::Link);
         ring.setAlphaF(0.5F);
         const qreal grown = focusRingWidth - faceMargin;
-        painter.fillPath(squirclePath(rect.adjusted(-grown, -grown, grown, grown),
-                                      controlRadius + grown),
-                         ring);
+        painter.fillPath(
+            squirclePath(rect.adjusted(-grown, -grown, grown, grown), controlRadius + grown), ring);
     }
     fillFace(painter, rect, option.palette.color(QPalette::Button));
     if (option.state.testFlag(QStyle::State_Sunken)) {
@@ -73,7 +72,8 @@ QSize ControlStyle::sizeFromContents(ContentsType type, const QStyleOption *opti
                                      const QSize &size, const QWidget *widget) const
 {
     if (type == CT_PushButton) {
-        return {size.width() + 2 * (buttonPadding + faceMargin), controlHeight + 2 * faceMargin + 1};
+        return {size.width() + 2 * (buttonPadding + faceMargin),
+                controlHeight + 2 * faceMargin + 1};
     }
     return QProxyStyle::sizeFromContents(type, option, size, widget);
 }

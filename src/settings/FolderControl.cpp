@@ -65,7 +65,6 @@ void FolderControl::refresh()
 void FolderControl::pickFolder()
 {
     m_state.desktop().folderChooser->choose(
-        *window(), tr("Choose"), [state = &m_state](const QString &path) {
-            state->setFolderPath(path);
-        });
+        *window(), tr("Choose"),
+        [state = &m_state](const QString &path) { state->setFolderPath(path); });
 }

@@ -22,9 +22,9 @@ constexpr int labelToDetail = 2;
 constexpr double whiteAtTheTop = 0.25;
 } // namespace
 
-IconTile::IconTile(const QString &icon, const Tint &tint, QWidget *parent)
+IconTile::IconTile(QString icon, const Tint &tint, QWidget *parent)
     : QWidget(parent)
-    , m_icon(icon)
+    , m_icon(std::move(icon))
     , m_tint(tint)
 {
     setFixedSize(side, side);
@@ -46,9 +46,9 @@ void IconTile::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(squirclePath(rect(), tileRadius), gradient);
     constexpr int symbolStart = (side - symbolSide) / 2;
-    painter.drawPixmap(symbolStart, symbolStart,
-                       symbol(m_icon, QSize(symbolSide, symbolSide), Qt::white,
-                              devicePixelRatioF()));
+    painter.drawPixmap(
+        symbolStart, symbolStart,
+        symbol(m_icon, QSize(symbolSide, symbolSide), Qt::white, devicePixelRatioF()));
 }
 
 SettingRow::SettingRow(const QString &icon, const Tint &tint, const QString &label,

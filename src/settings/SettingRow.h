@@ -14,7 +14,7 @@ class IconTile final : public QWidget
 public:
     static constexpr int side = 34;
 
-    IconTile(const QString &icon, const Tint &tint, QWidget *parent);
+    IconTile(QString icon, const Tint &tint, QWidget *parent);
 
     void setColorScheme(ColorScheme scheme);
 

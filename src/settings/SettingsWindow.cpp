@@ -27,8 +27,7 @@ SettingsWindow::SettingsWindow(AppState &state)
     new StateObserver(state, this, [this] { updateLook(); });
     connect(state.desktop().appearance.get(), &Appearance::changed, this,
             &SettingsWindow::updateLook);
-    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this,
-            &QWidget::close);
+    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
     updateLook();
     adjustSize();
     centreOnScreenWithPointer();

@@ -64,10 +64,9 @@ private slots:
 
     void storedTheme_isMatchedExactly()
     {
-        for (const auto &[stored, loaded] :
-             {std::pair(u"Dark"_qs, ThemePreference::system),
-              std::pair(u"sepia"_qs, ThemePreference::system),
-              std::pair(u"dark"_qs, ThemePreference::dark)}) {
+        for (const auto &[stored, loaded] : {std::pair(u"Dark"_qs, ThemePreference::system),
+                                             std::pair(u"sepia"_qs, ThemePreference::system),
+                                             std::pair(u"dark"_qs, ThemePreference::dark)}) {
             TestDesktop desktop;
             desktop.stored.insert(u"theme"_qs, stored);
             AppStateForTests state(desktop);
@@ -138,13 +137,12 @@ private slots:
         AppStateForTests state(desktop);
         QObject view;
         QList<qint64> seen;
-        const StateObserver observer(*state, &view,
-                                     [&] { seen.append(state->intervalMinutes()); });
+        const StateObserver observer(*state, &view, [&] { seen.append(state->intervalMinutes()); });
         state->setIntervalMinutes(30);
         state->setIntervalMinutes(45);
         state->setTheme(ThemePreference::dark);
         QVERIFY(seen.isEmpty());
-        QTRY_COMPARE(seen, QList<qint64> {45});
+        QTRY_COMPARE(seen, QList<qint64>{45});
         QCoreApplication::processEvents();
         QCOMPARE(seen.size(), 1);
     }
@@ -237,9 +235,9 @@ private slots:
         state->setSoundName(u"no such sound"_qs);
         state->playSelectedSound();
         state->playSelectedSound();
-        QCOMPARE(desktop.soundLog,
-                 (QStringList {u"play Purr"_qs, u"stop Purr"_qs, u"play Glass"_qs,
-                               u"stop Glass"_qs}));
+        QCOMPARE(
+            desktop.soundLog,
+            (QStringList{u"play Purr"_qs, u"stop Purr"_qs, u"play Glass"_qs, u"stop Glass"_qs}));
     }
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "core/PathText.h"
 #include "core/PromptSchedule.h"
+
+#include "core/PathText.h"
 
 #include <QTest>
 
@@ -21,7 +22,8 @@ private slots:
     void interval_largestThatFits_isKept()
     {
         const qint64 largest = std::numeric_limits<qint64>::max() / 60;
-        QCOMPARE(PromptSchedule::interval(largest), std::optional(std::chrono::seconds(largest * 60)));
+        QCOMPARE(PromptSchedule::interval(largest),
+                 std::optional(std::chrono::seconds(largest * 60)));
         QVERIFY(!PromptSchedule::interval(largest + 1));
         QVERIFY(!PromptSchedule::interval(std::numeric_limits<qint64>::max()));
         QVERIFY(!PromptSchedule::interval(std::numeric_limits<qint64>::min()));
@@ -51,8 +53,8 @@ private slots:
         QTest::addColumn<QString>("line");
         QTest::newRow("usual") << 45LL << u"/Users/ann/Notes/Journal"_qs
                                << u"Every 45 min → Journal"_qs;
-        QTest::newRow("no grouping") << 1440LL << u"/a/b/Journal"_qs
-                                     << u"Every 1440 min → Journal"_qs;
+        QTest::newRow("no grouping")
+            << 1440LL << u"/a/b/Journal"_qs << u"Every 1440 min → Journal"_qs;
         QTest::newRow("no singular") << 1LL << u"/Journal"_qs << u"Every 1 min → Journal"_qs;
         QTest::newRow("negative") << -5LL << u"/Journal"_qs << u"Every -5 min → Journal"_qs;
         QTest::newRow("no folder") << 1440LL << QString() << u"Every 1440 min → "_qs;

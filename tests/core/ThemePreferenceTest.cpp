@@ -10,7 +10,7 @@ class ThemePreferenceTest final : public QObject
 private slots:
     void rawValue_roundTrips()
     {
-        const QStringList words {u"system"_qs, u"light"_qs, u"dark"_qs};
+        const QStringList words{u"system"_qs, u"light"_qs, u"dark"_qs};
         for (qsizetype i = 0; i < words.size(); ++i) {
             const ThemePreference theme = allThemePreferences.at(static_cast<size_t>(i));
             QCOMPARE(rawValue(theme), words.at(i));

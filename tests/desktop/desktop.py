@@ -119,6 +119,12 @@ class Desktop:
             process.wait()
         self.tovlas.clear()
 
+    def set_wallpaper(self, *colors):
+        colors = colors or ("#8fb9dc", "#d9c6ea", "#f3d3b6")
+        stops = [argument for color in colors for argument in ("-add", color)]
+        subprocess.run(["hsetroot", *stops, "-gradient", "45"], check=True,
+                       stdout=subprocess.DEVNULL)
+
     def screenshot(self, path):
         subprocess.run(["import", "-window", "root", str(path)], check=True)
 

@@ -21,10 +21,11 @@ class PromptTest(DesktopCase):
         accessibility.find("Choose")
         wait_for(lambda: active_window_title() != "Tovla Settings", "the chooser to be active")
         type_text(str(self.desktop.journal()))
-        press_keys("Return")
+        accessibility.press("Choose")
         wait_for(lambda: f"folderPath={self.desktop.journal()}" in self.preferences(),
                  "the folder in the preferences")
         accessibility.find(str(self.desktop.journal()))
+        wait_for(lambda: active_window_title() == "Tovla Settings", "the settings to be active")
         self.assertEqual(self.item.labels()[0], "Every 60 min → Journal")
 
         self.open_prompt()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "journal/DayFile.h"
+
 #include "support/TimeZone.h"
 
 #include <QFile>
@@ -64,7 +65,8 @@ private slots:
     void note_isWrittenAsItIs()
     {
         const DayFile file(QDateTime(QDate(2026, 11, 15), QTime(8, 5), Qt::UTC));
-        const QString note = u"# not a heading\n\n\t- tab\u00A0and no-break space\n> 👩‍👩‍👧 e\u0301"_qs;
+        const QString note
+            = u"# not a heading\n\n\t- tab\u00A0and no-break space\n> 👩‍👩‍👧 e\u0301"_qs;
         QCOMPARE(file.entry(note), "## 09:05\n" + note.toUtf8() + "\n");
     }
 

@@ -55,14 +55,17 @@ private slots:
         const QString white = u"\t\n\v\f\r \u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005"
                               "\u2006\u2007\u2008\u2009\u200A\u2028\u2029\u202F\u205F\u3000"_qs;
         save(white + u"a\u00A0b"_qs + white);
-        QVERIFY(day("2026-11-15").endsWith("## 08:00\na\xC2\xA0" "b\n"));
+        QVERIFY(day("2026-11-15")
+                    .endsWith("## 08:00\na\xC2\xA0"
+                              "b\n"));
         save(u"\u200B\uFEFF\u180E"_qs); // none of these is white space
         QVERIFY(day("2026-11-15").endsWith("\n## 08:00\n\xE2\x80\x8B\xEF\xBB\xBF\xE1\xA0\x8E\n"));
     }
 
     void innerText_isKeptByteForByte()
     {
-        const QString note = u"one\n\n\n# two\n- three\n> four\n\tfive 👩‍👩‍👧 \u00A0"_qs + u'.';
+        const QString note
+            = u"one\n\n\n# two\n- three\n> four\n\tfive 👩‍👩‍👧 \u00A0"_qs + u'.';
         save(note);
         QCOMPARE(day("2026-11-15"), "# 2026-11-15\n\n## 08:00\n" + note.toUtf8() + "\n");
     }
@@ -80,8 +83,7 @@ private slots:
     {
         save(u"one"_qs);
         save(u"two"_qs);
-        QCOMPARE(day("2026-11-15"),
-                 "# 2026-11-15\n\n## 08:00\none\n\n## 08:00\ntwo\n");
+        QCOMPARE(day("2026-11-15"), "# 2026-11-15\n\n## 08:00\none\n\n## 08:00\ntwo\n");
     }
 
     void missingFolders_areMade()

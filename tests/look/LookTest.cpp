@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "look/Look.h"
+
 #include "support/TestDesktop.h"
 
 #include <QTest>

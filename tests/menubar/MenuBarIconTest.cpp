@@ -45,11 +45,12 @@ private slots:
     {
         // At 100 pixels a point: 1.8; 4.68 and 7.56, half the line to each side.
         const QImage image = drawn(QSize(18, 18), QRectF(0, 0, 18, 18), 100);
-        const QList<int> expected {180, 403, 533, 704, 808};
+        const QList<int> expected{180, 403, 533, 704, 808};
         const QList<int> edges = edgesToTheRight(image);
         QCOMPARE(edges.size(), expected.size());
         for (qsizetype i = 0; i < expected.size(); ++i) {
-            QVERIFY2(qAbs(edges.at(i) - expected.at(i)) <= 1, qPrintable(QString::number(edges.at(i))));
+            QVERIFY2(qAbs(edges.at(i) - expected.at(i)) <= 1,
+                     qPrintable(QString::number(edges.at(i))));
         }
     }
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "menubar/MenuContent.h"
+
 #include "core/AppDelegate.h"
 #include "core/UpdaterController.h"
-#include "menubar/MenuContent.h"
 #include "menubar/MenuText.h"
 #include "support/AppStateForTests.h"
 
@@ -25,9 +26,9 @@ private slots:
             QCOMPARE(action->isEnabled(), action != menu.actions().constFirst());
         }
         QCOMPARE(items,
-                 (QStringList {u"No folder selected|"_qs, u"-"_qs, u"Write now|Ctrl+J"_qs,
-                               u"Settings…|Ctrl+,"_qs, u"-"_qs, u"Check for Updates…|"_qs, u"-"_qs,
-                               u"Quit|Ctrl+Q"_qs}));
+                 (QStringList{u"No folder selected|"_qs, u"-"_qs, u"Write now|Ctrl+J"_qs,
+                              u"Settings…|Ctrl+,"_qs, u"-"_qs, u"Check for Updates…|"_qs, u"-"_qs,
+                              u"Quit|Ctrl+Q"_qs}));
     }
 
     void status_followsTheState()

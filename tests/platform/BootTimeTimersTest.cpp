@@ -50,7 +50,8 @@ private slots:
         QCOMPARE(calls, 1);
         elapsed.start();
         QTRY_COMPARE(calls, 2);
-        QVERIFY(std::chrono::milliseconds(elapsed.elapsed()) >= 900ms); // a whole interval after the late call
+        QVERIFY(std::chrono::milliseconds(elapsed.elapsed())
+                >= 900ms); // a whole interval after the late call
     }
 
     void longIntervals_doNotComeEarly()

@@ -61,8 +61,12 @@ private slots:
 
     void text_roundTrips()
     {
-        const QStringList texts {u"/home/ann/Notes, and more; \"x\" \\ %20"_qs, u"@weird"_qs,
-                                 u" leading"_qs, u"ünï 👩‍👩‍👧"_qs, u"line\nbreak"_qs, QString(u""_qs)};
+        const QStringList texts{u"/home/ann/Notes, and more; \"x\" \\ %20"_qs,
+                                u"@weird"_qs,
+                                u" leading"_qs,
+                                u"ünï 👩‍👩‍👧"_qs,
+                                u"line\nbreak"_qs,
+                                QString(u""_qs)};
         for (const QString &text : texts) {
             PreferencesFile(path()).setString(u"folderPath"_qs, text);
             QCOMPARE(PreferencesFile(path()).string(u"folderPath"_qs), std::optional(text));

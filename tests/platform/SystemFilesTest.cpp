@@ -20,14 +20,14 @@ public:
     explicit FileSizeLimit(rlim_t bytes)
     {
         getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit lowered {bytes, m_before.rlim_max};
+        const rlimit lowered{bytes, m_before.rlim_max};
         setrlimit(RLIMIT_FSIZE, &lowered);
     }
     ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
     Q_DISABLE_COPY_MOVE(FileSizeLimit)
 
 private:
-    rlimit m_before {};
+    rlimit m_before{};
 };
 
 QByteArray contents(const QString &path)
@@ -51,10 +51,11 @@ private slots:
         QVERIFY(!Files::writeWhole(path(u"new"_qs), "bytes\n"));
         umask(before);
         QCOMPARE(contents(path(u"new"_qs)), "bytes\n");
-        struct stat status {};
+        struct stat status {
+        };
         QCOMPARE(stat(QFile::encodeName(path(u"new"_qs)), &status), 0);
         QCOMPARE(status.st_mode & 0777U, 0640U);
-        QCOMPARE(names(), QStringList {u"new"_qs});
+        QCOMPARE(names(), QStringList{u"new"_qs});
     }
 
     void writeWhole_onAFullDisk_leavesNothing()
@@ -90,8 +91,7 @@ private slots:
     {
         QVERIFY(!Files::writeWhole(path(u"day"_qs), "12345"));
         const FileSizeLimit limit(10);
-        QCOMPARE(Files::append(path(u"day"_qs), "67890abc"),
-                 std::optional(u"File too large"_qs));
+        QCOMPARE(Files::append(path(u"day"_qs), "67890abc"), std::optional(u"File too large"_qs));
         QCOMPARE(contents(path(u"day"_qs)), "1234567890");
     }
 
@@ -112,10 +112,7 @@ private slots:
         QCOMPARE(Files::append(path(u"fifo"_qs), "x"), std::optional(u"Invalid argument"_qs));
     }
 
-    void append_toADevice_isRefused()
-    {
-        QVERIFY(Files::append(u"/dev/full"_qs, "x"));
-    }
+    void append_toADevice_isRefused() { QVERIFY(Files::append(u"/dev/full"_qs, "x")); }
 
     void exists_isTrueOfAnyKind_butNotOfALinkToNowhere()
     {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "look/Look.h"
 #include "prompt/BareTextEditor.h"
+
+#include "look/Look.h"
 #include "support/AppStateForTests.h"
 
 #include <QClipboard>
@@ -49,7 +50,7 @@ private slots:
         QTest::keyClick(m_editor, Qt::Key_Return);
         QTest::keyClicks(m_editor, u"two"_qs);
         QTest::keyClick(m_editor, Qt::Key_Return, Qt::ShiftModifier);
-        QCOMPARE(m_heights, (QList<double> {2.0 * line + 32, 3.0 * line + 32}));
+        QCOMPARE(m_heights, (QList<double>{2.0 * line + 32, 3.0 * line + 32}));
         QCOMPARE(m_editor->text(), u"one\ntwo\n"_qs);
     }
 
@@ -110,14 +111,15 @@ private slots:
 
     void everyCharacter_isKept()
     {
-        const QString text = u"\u00A0\tx\u00A0 👩‍👩‍👧 e\u0301\u0085\uFEFF\u200F.\v\f\uFFFC"_qs;
+        const QString text
+            = u"\u00A0\tx\u00A0 👩‍👩‍👧 e\u0301\u0085\uFEFF\u200F.\v\f\uFFFC"_qs;
         paste(text);
         QCOMPARE(m_editor->text(), text);
         m_editor->selectAll();
         m_editor->copy();
         QCOMPARE(QGuiApplication::clipboard()->text(), text);
         QCOMPARE(QGuiApplication::clipboard()->mimeData()->formats(),
-                 QStringList {u"text/plain"_qs});
+                 QStringList{u"text/plain"_qs});
     }
 
     void committedText_isPlainToo()

@@ -17,7 +17,8 @@ private slots:
         QTest::newRow("LF CR") << u"a\n\rb"_qs << u"a\n\nb"_qs;
         QTest::newRow("separators") << u"a\u2028b\u2029c"_qs << u"a\nb\nc"_qs;
         QTest::newRow("NUL") << u"a"_qs + QChar(0) + u"b"_qs << u"a\uFFFDb"_qs;
-        QTest::newRow("frame marks") << QString(QChar(0xFDD0)) + QChar(0xFDD1) << u"\uFFFD\uFFFD"_qs;
+        QTest::newRow("frame marks")
+            << QString(QChar(0xFDD0)) + QChar(0xFDD1) << u"\uFFFD\uFFFD"_qs;
         QTest::newRow("lone high") << QString(QChar(0xD83D)) + u'x' << u"\uFFFDx"_qs;
         QTest::newRow("lone low") << u'x' + QString(QChar(0xDE00)) << u"x\uFFFD"_qs;
         QTest::newRow("swapped") << QString(QChar(0xDE00)) + QChar(0xD83D) << u"\uFFFD\uFFFD"_qs;

@@ -91,7 +91,7 @@ private slots:
         QCOMPARE(window()->windowTitle(), title);
         QCOMPARE(window()->pos(), QPoint(10, 10));
         QCOMPARE(m_desktop->presented.size(), 1);
-        QCOMPARE(m_desktop->soundLog, QStringList {u"play Purr"_qs});
+        QCOMPARE(m_desktop->soundLog, QStringList{u"play Purr"_qs});
     }
 
     void closeButton_leavesAStaleWindow_andTheNextIsFresh()

@@ -56,8 +56,7 @@ public:
     }
     void warn(const QString &messageText, const QString &informativeText, QWidget *over) override
     {
-        m_desktop.alerts.append(
-            {messageText, informativeText, over, over && over->isVisible()});
+        m_desktop.alerts.append({messageText, informativeText, over, over && over->isVisible()});
     }
 
 private:
@@ -141,10 +140,7 @@ public:
     [[nodiscard]] ColorScheme colorScheme() const override { return m_desktop.colorScheme; }
     [[nodiscard]] QColor accent() const override { return {}; }
     [[nodiscard]] bool wantsHighContrast() const override { return false; }
-    [[nodiscard]] bool wantsReducedMotion() const override
-    {
-        return m_desktop.wantsReducedMotion;
-    }
+    [[nodiscard]] bool wantsReducedMotion() const override { return m_desktop.wantsReducedMotion; }
 
 private:
     const TestDesktop &m_desktop;

@@ -28,7 +28,7 @@ public:
     /// What an AppState is made with; to be asked for once.
     [[nodiscard]] Desktop capabilities();
 
-    QDateTime now {QDate(2026, 11, 15), QTime(9, 5), Qt::UTC};
+    QDateTime now{QDate(2026, 11, 15), QTime(9, 5), Qt::UTC};
 
     /// The interval of the running timer; nothing while none runs.
     std::optional<std::chrono::seconds> timerInterval;

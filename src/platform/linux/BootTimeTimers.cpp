@@ -33,7 +33,7 @@ public:
 private:
     void arm()
     {
-        itimerspec setting {};
+        itimerspec setting{};
         setting.it_value.tv_sec = m_interval.count();
         setting.it_interval.tv_sec = m_interval.count();
         timerfd_settime(m_descriptor, 0, &setting, nullptr);
@@ -43,7 +43,7 @@ private:
     {
         quint64 intervalsPassed = 0;
         if (read(m_descriptor, &intervalsPassed, sizeof intervalsPassed)
-            != ssize_t {sizeof intervalsPassed}) {
+            != ssize_t{sizeof intervalsPassed}) {
             return;
         }
         if (intervalsPassed > 1) {

@@ -56,7 +56,7 @@ void BusRunningCopy::askOtherToComeForward()
 {
     auto activate = QDBusMessage::createMethodCall(
         name, path, QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
-    activate << QVariantMap {
+    activate << QVariantMap{
         {QStringLiteral("desktop-startup-id"), qEnvironmentVariable("DESKTOP_STARTUP_ID")}};
     SessionBus::ask(
         activate, this,

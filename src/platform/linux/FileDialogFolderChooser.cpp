@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/FileDialogFolderChooser.h"
 
+#include "platform/Windows.h"
+
 void FileDialogFolderChooser::choose(QWidget &parent, const QString &prompt,
                                      std::function<void(const QString &path)> chosen)
 {
@@ -20,5 +22,11 @@ void FileDialogFolderChooser::choose(QWidget &parent, const QString &prompt,
                              chosen(path);
                          }
                      });
+    // Openbox for one does not give the focus back to a window that is not in the taskbar.
+    QObject::connect(m_dialog, &QDialog::finished, &parent, [this, &parent] {
+        if (parent.isVisible()) {
+            m_windows.present(parent);
+        }
+    });
     m_dialog->open();
 }

@@ -21,6 +21,6 @@ Desktop Desktop::ofThisPlatform()
     desktop.alerts = std::make_unique<MessageBoxAlerts>(*desktop.windows);
     desktop.compositor = std::make_unique<X11Compositor>();
     desktop.appearance = std::make_unique<PortalAppearance>();
-    desktop.folderChooser = std::make_unique<FileDialogFolderChooser>();
+    desktop.folderChooser = std::make_unique<FileDialogFolderChooser>(*desktop.windows);
     return desktop;
 }

@@ -52,10 +52,9 @@ QColor accentFrom(const QVariant &value)
     argument >> red >> green >> blue;
     argument.endStructure();
     const auto isFraction = [](double part) { return part >= 0 && part <= 1; };
-    return isFraction(red) && isFraction(green) && isFraction(blue)
-        ? QColor::fromRgbF(static_cast<float>(red), static_cast<float>(green),
-                           static_cast<float>(blue))
-        : QColor();
+    return isFraction(red) && isFraction(green) && isFraction(blue) ? QColor::fromRgbF(
+               static_cast<float>(red), static_cast<float>(green), static_cast<float>(blue))
+                                                                    : QColor();
 }
 
 std::optional<ColorScheme> colorSchemeFrom(const QVariant &value)
@@ -79,9 +78,9 @@ PortalAppearance::PortalAppearance()
     }
     auto bus = QDBusConnection::sessionBus();
     bus.connect(portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"),
-                  this, SLOT(settingChanged(QDBusMessage)));
-    const auto *watcher = new QDBusServiceWatcher(
-        portalService, bus, QDBusServiceWatcher::WatchForRegistration, this);
+                this, SLOT(settingChanged(QDBusMessage)));
+    const auto *watcher = new QDBusServiceWatcher(portalService, bus,
+                                                  QDBusServiceWatcher::WatchForRegistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &PortalAppearance::readAll);
     readAll();
 }

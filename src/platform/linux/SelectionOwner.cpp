@@ -16,7 +16,7 @@ SelectionOwner::SelectionOwner(const QByteArray &prefix, QObject *parent)
     }
     m_selection = Xcb::atom(prefix + QByteArray::number(Xcb::screenNumber()));
     if (const auto *xfixes = xcb_get_extension_data(connection, &xcb_xfixes_id);
-        xfixes && xfixes->present) {
+        xfixes && xfixes->present != 0) {
         m_notifyEvent = static_cast<uint8_t>(xfixes->first_event + XCB_XFIXES_SELECTION_NOTIFY);
         xcb_xfixes_select_selection_input(
             connection, Xcb::root(), m_selection,

@@ -18,7 +18,10 @@ public:
     StatusNotifierTrayHost() = default;
 
     void find() override;
-    [[nodiscard]] bool drawsMenus() const override { return m_protocol == Protocol::StatusNotifier; }
+    [[nodiscard]] bool drawsMenus() const override
+    {
+        return m_protocol == Protocol::StatusNotifier;
+    }
     [[nodiscard]] QColor foreground() const override;
 
 private slots:

@@ -97,7 +97,8 @@ void syncDirectoryOf(const QString &path)
 
 bool exists(const QString &path)
 {
-    struct stat status {};
+    struct stat status {
+    };
     return !checkName(path) && ::stat(QFile::encodeName(path), &status) == 0;
 }
 
@@ -139,9 +140,10 @@ Failure append(const QString &path, const QByteArray &bytes)
         return failure;
     }
     // O_NONBLOCK: opening a FIFO that nobody reads would wait for a reader.
-    Descriptor file(::open(QFile::encodeName(path),
-                           O_WRONLY | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    struct stat status {};
+    Descriptor file(
+        ::open(QFile::encodeName(path), O_WRONLY | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat status {
+    };
     if (!file.isOpen() || ::fstat(file.number(), &status) != 0) {
         return systemFailure();
     }

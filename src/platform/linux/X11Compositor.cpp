@@ -7,7 +7,7 @@
 
 bool X11Compositor::isRunning() const
 {
-    return !Xcb::connection() || owner().exists();
+    return Xcb::connection() == nullptr || owner().exists();
 }
 
 bool X11Compositor::blursBehind() const
@@ -24,8 +24,7 @@ bool X11Compositor::blursBehind() const
         return false;
     }
     const xcb_atom_t *atoms = xcb_list_properties_atoms(properties.get());
-    return std::find(atoms, atoms + properties->atoms_len, blur)
-        != atoms + properties->atoms_len;
+    return std::find(atoms, atoms + properties->atoms_len, blur) != atoms + properties->atoms_len;
 }
 
 SelectionOwner &X11Compositor::owner() const

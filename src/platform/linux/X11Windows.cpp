@@ -29,18 +29,17 @@ void setCardinals(const QWidget &window, const QByteArray &property,
 /// Hiding a window wipes this property, so it is set again before each showing.
 void keepOutOfTaskbar(const QWidget &window)
 {
-    const std::array atoms {Xcb::atom("_NET_WM_STATE_SKIP_TASKBAR"),
-                            Xcb::atom("_NET_WM_STATE_SKIP_PAGER")};
+    const std::array atoms{Xcb::atom("_NET_WM_STATE_SKIP_TASKBAR"),
+                           Xcb::atom("_NET_WM_STATE_SKIP_PAGER")};
     xcb_change_property(Xcb::connection(), XCB_PROP_MODE_APPEND, identifier(window),
-                        Xcb::atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 32, atoms.size(),
-                        atoms.data());
+                        Xcb::atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 32, atoms.size(), atoms.data());
 }
 
 /// Source 2 is a pager's, which speaks for the user: no window manager takes it for a window that
 /// steals the focus from somebody who is typing (EWMH, _NET_ACTIVE_WINDOW).
 void activateAsPager(const QWidget &window)
 {
-    xcb_client_message_event_t event {};
+    xcb_client_message_event_t event{};
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 32;
     event.window = identifier(window);
@@ -61,9 +60,9 @@ QRect inDevicePixels(const QRect &rect, qreal ratio)
 void setInputRect(const QWidget &window, const QRect &rect)
 {
     auto *const connection = Xcb::connection();
-    const xcb_rectangle_t rectangle {
-        static_cast<int16_t>(rect.x()), static_cast<int16_t>(rect.y()),
-        static_cast<uint16_t>(rect.width()), static_cast<uint16_t>(rect.height())};
+    const xcb_rectangle_t rectangle{static_cast<int16_t>(rect.x()), static_cast<int16_t>(rect.y()),
+                                    static_cast<uint16_t>(rect.width()),
+                                    static_cast<uint16_t>(rect.height())};
     const xcb_xfixes_region_t region = xcb_generate_id(connection);
     xcb_xfixes_create_region(connection, region, 1, &rectangle);
     constexpr xcb_shape_kind_t input = 2; // XCB_SHAPE_SK_INPUT
@@ -94,8 +93,8 @@ void X11Windows::setShadow(QWidget &window, const QMargins &shadow)
     const qreal ratio = window.devicePixelRatioF();
     const auto extent
         = [ratio](int logical) { return static_cast<uint32_t>(std::lround(logical * ratio)); };
-    const std::array extents {extent(shadow.left()), extent(shadow.right()), extent(shadow.top()),
-                              extent(shadow.bottom())};
+    const std::array extents{extent(shadow.left()), extent(shadow.right()), extent(shadow.top()),
+                             extent(shadow.bottom())};
     setCardinals(window, "_GTK_FRAME_EXTENTS", extents);
     setInputRect(window, inDevicePixels(window.rect().marginsRemoved(shadow), ratio));
 }

@@ -15,7 +15,7 @@ xcb_atom_t Xcb::atom(const QByteArray &name)
     const auto cookie = xcb_intern_atom(connection(), 0, static_cast<uint16_t>(name.size()), name);
     const Owned<xcb_intern_atom_reply_t> reply(
         xcb_intern_atom_reply(connection(), cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t {XCB_ATOM_NONE};
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 int Xcb::screenNumber()

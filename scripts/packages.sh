@@ -1,0 +1,33 @@
+# SPDX-License-Identifier: MIT
+# To be sourced: what Tovla needs from Debian, and how what is missing is installed.
+
+build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-tools-dev qt6-tools-dev-tools
+    qt6-l10n-tools libxcb1-dev libxcb-xfixes0-dev"
+# The program draws its symbols through Qt's SVG plugin, which newer releases package apart.
+run_packages="libqt6svg6 hicolor-icon-theme"
+apt-cache show qt6-svg-plugins >/dev/null 2>&1 && run_packages="$run_packages qt6-svg-plugins"
+# A desktop for machines that have none: display, window manager, compositor, bus, panel, pictures.
+virtual_desktop_packages="xvfb openbox picom dbus dbus-daemon xfce4-panel xdotool imagemagick
+    hsetroot x11-utils fonts-inter"
+test_packages="$virtual_desktop_packages at-spi2-core gir1.2-atspi-2.0 python3-dbus python3-gi
+    libglib2.0-bin xterm libfaketime fonts-dejavu-core"
+check_packages="clang-format clang-tidy valgrind"
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# Installs those of the named packages that are missing.
+need() {
+    local missing="" package
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] \
+            || missing="$missing $package"
+    done
+    [ -z "$missing" ] && return
+    echo "Installing:$missing" >&2
+    as_root apt-get update -qq
+    # shellcheck disable=SC2086 # a list of names
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+        $missing >/dev/null
+}
