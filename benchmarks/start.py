@@ -1,0 +1,90 @@
+# SPDX-License-Identifier: MIT
+"""What starting costs, beside the least that a Qt tray program can be: start.py BUILD_DIR [DESKTOP]
+
+Instructions are callgrind's, from the start until the program is quiet; they repeat to 0.1 %.
+Memory is the process's own (Private_Dirty), five seconds after the item is in the tray. DESKTOP is
+a value for XDG_CURRENT_DESKTOP, for example GNOME.
+"""
+import os
+import re
+import statistics
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tests" / "desktop"))
+from desktop import Desktop, wait_for  # noqa: E402
+
+BUILD = Path(sys.argv[1]).resolve()
+PROGRAMS = {"tovla": BUILD / "src" / "tovla", "bare": BUILD / "benchmarks" / "bare_tray"}
+QUIET_SECONDS = 2
+MEMORY_ROUNDS = 5
+
+
+def ticks(pid):
+    fields = Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
+    return int(fields[11]) + int(fields[12])
+
+
+def wait_until_quiet(pid):
+    seen, since = ticks(pid), time.monotonic()
+
+    def is_quiet():
+        nonlocal seen, since
+        if ticks(pid) != seen:
+            seen, since = ticks(pid), time.monotonic()
+        return time.monotonic() - since > QUIET_SECONDS
+
+    wait_for(is_quiet, "the program to become quiet")
+
+
+def start(desktop, *command):
+    process = desktop.start(*map(str, command))
+    wait_for(lambda: desktop.tray.item_of(process.pid), "the tray item")
+    return process
+
+
+def instructions(desktop, program):
+    profile = desktop.home / f"callgrind.{program.name}"
+    process = start(desktop, "valgrind", "--tool=callgrind", f"--callgrind-out-file={profile}",
+                    program)
+    wait_until_quiet(process.pid)
+    subprocess.run(["callgrind_control", "--dump", str(process.pid)], check=True,
+                   stdout=subprocess.DEVNULL)
+    process.kill()
+    process.wait()
+    (dump,) = desktop.home.glob(f"callgrind.{program.name}.*")
+    totals = re.search(r"^totals: (\d+)", dump.read_text(), re.MULTILINE)
+    dump.unlink()
+    return int(totals[1]) / 1e6
+
+
+def private_dirty(desktop, program):
+    process = start(desktop, program)
+    time.sleep(5)
+    rollup = Path(f"/proc/{process.pid}/smaps_rollup").read_text()
+    process.kill()
+    process.wait()
+    return int(re.search(r"Private_Dirty:\s+(\d+) kB", rollup)[1]) / 1024
+
+
+def main():
+    desktop = Desktop(compositor=False)
+    os.environ.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON")
+    if len(sys.argv) > 2:
+        os.environ["XDG_CURRENT_DESKTOP"] = sys.argv[2]
+    desktop.write_preferences(folderPath=desktop.journal())
+    try:
+        counts = {name: instructions(desktop, program) for name, program in PROGRAMS.items()}
+        rounds = [{name: private_dirty(desktop, program) for name, program in PROGRAMS.items()}
+                  for _ in range(MEMORY_ROUNDS)]
+        memory = {name: statistics.median(each[name] for each in rounds) for name in PROGRAMS}
+    finally:
+        desktop.close()
+    for what, figures in (("M instructions", counts), ("MiB private dirty", memory)):
+        print(f"{what:18} tovla {figures['tovla']:7.2f}   bare {figures['bare']:7.2f}   "
+              f"ratio {figures['tovla'] / figures['bare']:.3f}")
+
+
+main()
