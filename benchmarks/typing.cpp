@@ -27,6 +27,7 @@ public:
     [[nodiscard]] QColor accent() const override { return {}; }
     [[nodiscard]] bool wantsHighContrast() const override { return false; }
     [[nodiscard]] bool wantsReducedMotion() const override { return true; }
+    void windowsWillOpen() override { }
 };
 
 double cpuMilliseconds()

@@ -23,6 +23,10 @@ public:
     [[nodiscard]] virtual bool wantsHighContrast() const = 0;
     [[nodiscard]] virtual bool wantsReducedMotion() const = 0;
 
+    /// Called before a window is made. Only the colour scheme is asked for at the start, since a
+    /// window must not open in the wrong one; the rest can wait until there is something to see.
+    virtual void windowsWillOpen() = 0;
+
 signals:
     /// One of the above is different now.
     void changed();

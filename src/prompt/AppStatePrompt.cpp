@@ -11,6 +11,7 @@ void AppState::showPrompt()
     }
     closePrompt();
     const QDateTime openedAt = m_desktop.clock->now();
+    m_desktop.appearance->windowsWillOpen();
     const QPointer state = this;
     m_promptWindow.reset(new PromptWindow(openedAt, m_theme, m_desktop,
                                           {.onSubmit =

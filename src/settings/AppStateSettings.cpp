@@ -5,6 +5,7 @@
 void AppState::showSettings()
 {
     if (!m_settingsWindow) {
+        m_desktop.appearance->windowsWillOpen();
         m_settingsWindow.reset(new SettingsWindow(*this));
     }
     m_desktop.windows->present(*m_settingsWindow);

@@ -19,7 +19,7 @@ PATIENCE_SECONDS = float(os.environ.get("TOVLA_TEST_PATIENCE", 60))
 
 
 class Desktop:
-    def __init__(self, window_manager="openbox", compositor=True, size="1280x900", scale=None,
+    def __init__(self, window_manager=None, compositor=True, size="1280x900", scale=None,
                  tray=True):
         self.home = Path(tempfile.mkdtemp(prefix="tovla-desktop-"))
         self.processes = []
@@ -28,7 +28,8 @@ class Desktop:
         self._set_environment(scale)
         self._start_display(size)
         self._start_bus()
-        self.start(window_manager)
+        # Another one than openbox can be tried by hand: TOVLA_TEST_WINDOW_MANAGER="xfwm4".
+        self.start(window_manager or os.environ.get("TOVLA_TEST_WINDOW_MANAGER", "openbox"))
         wait_for(lambda: "window id" in output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
                  "the window manager")
         if compositor:

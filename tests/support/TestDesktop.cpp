@@ -141,6 +141,7 @@ public:
     [[nodiscard]] QColor accent() const override { return {}; }
     [[nodiscard]] bool wantsHighContrast() const override { return false; }
     [[nodiscard]] bool wantsReducedMotion() const override { return m_desktop.wantsReducedMotion; }
+    void windowsWillOpen() override { }
 
 private:
     const TestDesktop &m_desktop;

@@ -81,8 +81,13 @@ PortalAppearance::PortalAppearance()
                 this, SLOT(settingChanged(QDBusMessage)));
     const auto *watcher = new QDBusServiceWatcher(portalService, bus,
                                                   QDBusServiceWatcher::WatchForRegistration, this);
-    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, &PortalAppearance::readAll);
-    readAll();
+    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] {
+        readColorScheme();
+        if (m_isRestRead) {
+            readRest();
+        }
+    });
+    readColorScheme();
 }
 
 ColorScheme PortalAppearance::colorScheme() const
@@ -101,9 +106,22 @@ bool PortalAppearance::eventFilter(QObject *watched, QEvent *event)
     return false;
 }
 
-void PortalAppearance::readAll()
+void PortalAppearance::readColorScheme()
 {
-    for (const QString &key : {colorSchemeKey, accentKey, contrastKey, reducedMotionKey}) {
+    read(appearanceSpace, colorSchemeKey);
+}
+
+void PortalAppearance::windowsWillOpen()
+{
+    if (!m_isRestRead && SessionBus::isConnected()) {
+        readRest();
+    }
+}
+
+void PortalAppearance::readRest()
+{
+    m_isRestRead = true;
+    for (const QString &key : {accentKey, contrastKey, reducedMotionKey}) {
         read(appearanceSpace, key);
     }
     read(gnomeSpace, animationsKey);
@@ -145,7 +163,7 @@ void PortalAppearance::take(const QString &key, const QVariant &value)
     } else if (key == reducedMotionKey) {
         m_wantsReducedMotion = value.toUInt() == 1;
     } else if (key == animationsKey) {
-        m_wantsReducedMotion = value.metaType() == QMetaType::fromType<bool>() && !value.toBool();
+        m_hasAnimationsOff = value.metaType() == QMetaType::fromType<bool>() && !value.toBool();
     } else {
         return;
     }

@@ -22,14 +22,19 @@ public:
     [[nodiscard]] ColorScheme colorScheme() const override;
     [[nodiscard]] QColor accent() const override { return m_accent; }
     [[nodiscard]] bool wantsHighContrast() const override { return m_wantsHighContrast; }
-    [[nodiscard]] bool wantsReducedMotion() const override { return m_wantsReducedMotion; }
+    [[nodiscard]] bool wantsReducedMotion() const override
+    {
+        return m_wantsReducedMotion || m_hasAnimationsOff;
+    }
+    void windowsWillOpen() override;
 
 private slots:
     void settingChanged(const QDBusMessage &message);
 
 private:
     bool eventFilter(QObject *watched, QEvent *event) override;
-    void readAll();
+    void readColorScheme();
+    void readRest();
     void read(const QString &space, const QString &key);
     void take(const QString &key, const QVariant &value);
 
@@ -38,4 +43,6 @@ private:
     QColor m_accent;
     bool m_wantsHighContrast = false;
     bool m_wantsReducedMotion = false;
+    bool m_hasAnimationsOff = false;
+    bool m_isRestRead = false;
 };
