@@ -126,6 +126,19 @@ class Desktop:
         subprocess.run(["hsetroot", *stops, "-gradient", "45"], check=True,
                        stdout=subprocess.DEVNULL)
 
+    def wait_until_still(self):
+        """Until the screen shows the same twice, which a blinking caret allows now and then."""
+        before = None
+
+        def is_still():
+            nonlocal before
+            now = subprocess.run(["import", "-window", "root", "ppm:-"], check=True,
+                                 stdout=subprocess.PIPE).stdout
+            same, before = now == before, now
+            return same
+
+        wait_for(is_still, "the screen to stand still")
+
     def screenshot(self, path):
         subprocess.run(["import", "-window", "root", str(path)], check=True)
 

@@ -1,0 +1,83 @@
+# SPDX-License-Identifier: MIT
+"""Takes the pictures of the README: screenshots.py PROGRAM DIR [SCALE COMPOSITOR]
+
+Without the last two it runs itself for each desktop that is pictured: the accessibility tree of
+only one can be found by a process.
+"""
+import glob
+import os
+import subprocess
+import sys
+from pathlib import Path
+
+PROGRAM, PICTURES = Path(sys.argv[1]).resolve(), Path(sys.argv[2]).resolve()
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tests" / "desktop"))
+os.environ["TOVLA"] = str(PROGRAM)
+CLOCK = {"LD_PRELOAD": glob.glob("/usr/lib/*/faketime/libfaketimeMT.so.1")[0],
+         "FAKETIME": "@2026-11-15 14:30:00"}
+WALLPAPERS = {"light": ("#8fb9dc", "#d9c6ea", "#f3d3b6"), "dark": ("#16222c", "#37284e", "#54402f")}
+LINES = ("Finished the report.", "Long walk afterwards, the first in weeks.", "- call Ann back")
+
+
+def every_desktop():
+    PICTURES.mkdir(parents=True, exist_ok=True)
+    for scale in ("1", "2"):
+        for compositor in ("composited", "plain"):
+            subprocess.run([sys.executable, __file__, PROGRAM, PICTURES, scale, compositor],
+                           check=True)
+
+
+def one_desktop(scale, compositor):
+    from case import QUESTION, active_window_title, is_time, press_keys, type_text
+    from desktop import Desktop, wait_for
+    side = 1280 * scale
+    desktop = Desktop(compositor=compositor == "composited", scale=scale,
+                      size=f"{side}x{900 * scale}")
+    import accessibility
+    suffix = ("" if compositor == "composited" else "-plain") + ("@2x" if scale == 2 else "")
+
+    def picture(name, width, height):
+        """The middle of the screen, where the windows are, in logical pixels."""
+        whole = desktop.home / "whole.png"
+        desktop.screenshot(whole)
+        subprocess.run(["convert", str(whole), "-gravity", "north", "-crop",
+                        f"{width * scale}x{height * scale}+0+{180 * scale}", "+repage", "-strip",
+                        str(PICTURES / f"{name}{suffix}.png")], check=True)
+
+    def open_prompt(theme):
+        desktop.forget_user()
+        desktop.write_preferences(folderPath=desktop.journal(), theme=theme)
+        tovla = desktop.start_tovla(**CLOCK)
+        tovla.wait_for_tray_item().click("Write now")
+        editor = accessibility.find(QUESTION)
+        wait_for(lambda: is_time(active_window_title()), "the prompt")
+        return editor
+
+    def write(editor, lines):
+        for number, line in enumerate(lines):
+            if number:
+                press_keys("Return")
+            type_text(line)
+        wait_for(lambda: accessibility.text_of(editor) == "\n".join(lines), "what was typed")
+        desktop.wait_until_still()
+
+    try:
+        for theme in ("light", "dark"):
+            desktop.set_wallpaper(*WALLPAPERS[theme])
+            editor = open_prompt(theme)
+            desktop.wait_until_still()
+            picture(f"prompt-empty-{theme}", 720, 260)
+            write(editor, LINES)
+            picture(f"prompt-lines-{theme}", 720, 310)
+            desktop.stop_tovlas()
+            write(open_prompt(theme), LINES * 6)
+            picture(f"prompt-cap-{theme}", 720, 540)
+            desktop.stop_tovlas()
+    finally:
+        desktop.close()
+
+
+if len(sys.argv) > 3:
+    one_desktop(int(sys.argv[3]), sys.argv[4])
+else:
+    every_desktop()
