@@ -30,7 +30,8 @@ class Desktop:
         self._start_bus()
         # Another one than openbox can be tried by hand: TOVLA_TEST_WINDOW_MANAGER="xfwm4".
         self.start(window_manager or os.environ.get("TOVLA_TEST_WINDOW_MANAGER", "openbox"))
-        wait_for(lambda: "window id" in output("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+        # Window managers announce themselves early, but list windows only once they manage them.
+        wait_for(lambda: "window id" in output("xprop", "-root", "_NET_CLIENT_LIST"),
                  "the window manager")
         if compositor:
             self.start_compositor()
@@ -59,7 +60,7 @@ class Desktop:
     def _start_display(self, size):
         reader, writer = os.pipe()
         self.start("Xvfb", "-displayfd", str(writer), "-screen", "0", size + "x24",
-                   "-nolisten", "tcp", pass_fds=[writer])
+                   "-nolisten", "tcp", "-noreset", pass_fds=[writer])
         os.close(writer)
         with os.fdopen(reader) as numbers:
             os.environ["DISPLAY"] = ":" + numbers.readline().strip()
