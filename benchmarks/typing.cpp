@@ -32,7 +32,7 @@ public:
 
 double cpuMilliseconds()
 {
-    timespec now {};
+    timespec now{};
     clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
     return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
 }
@@ -71,9 +71,9 @@ double median(std::vector<double> &values)
 void compare(const char *what, const QString &text, QPlainTextEdit &ours, QPlainTextEdit &bare,
              int keys)
 {
-    for (const auto &[caret, place] : {std::pair(Caret::Start, "start"),
-                                       std::pair(Caret::Middle, "middle"),
-                                       std::pair(Caret::End, "end")}) {
+    for (const auto &[caret, place] :
+         {std::pair(Caret::Start, "start"), std::pair(Caret::Middle, "middle"),
+          std::pair(Caret::End, "end")}) {
         for (QPlainTextEdit *const editor : {&ours, &bare}) {
             editor->setPlainText(text);
             placeCaret(*editor, caret);
@@ -117,8 +117,8 @@ int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
     const PlainAppearance appearance;
-    PromptView view({.onSubmit = [](const QString &) { },
-                     .onCancel = [] { },
+    PromptView view({.onSubmit = [](const QString &) {},
+                     .onCancel = [] {},
                      .onHeightChange = [&view] { view.resize(view.sizeHint()); }},
                     look(ThemePreference::light, appearance), nullptr);
     view.resize(view.sizeHint());

@@ -25,6 +25,13 @@ class Desktop:
         self.processes = []
         self.tovlas = []
         self.tray = None
+        try:
+            self._start(window_manager, compositor, size, scale, tray)
+        except BaseException:
+            self.close()
+            raise
+
+    def _start(self, window_manager, compositor, size, scale, tray):
         self._set_environment(scale)
         self._start_display(size)
         self._start_bus()
@@ -78,10 +85,9 @@ class Desktop:
         return process
 
     def start_compositor(self):
-        compositor = self.start("picom", "--backend", "xrender", "--config", "/dev/null",
-                                "--no-fading-openclose")
+        self.compositor = self.start("picom", "--backend", "xrender", "--config", "/dev/null",
+                                     "--no-fading-openclose")
         wait_for(self.is_composited, "the compositor")
-        return compositor
 
     def is_composited(self):
         return x11.selection_has_owner("_NET_WM_CM_S0")

@@ -8,6 +8,14 @@ from case import (QUESTION, DesktopCase, active_window_title, click, geometry_of
                   type_text, visible_titles)
 from desktop import output, wait_for
 
+NO_SHADOW = (0, 0, 0, 0)
+
+
+def shadow_of(title):
+    """Left, right, above, below, as the window announces it."""
+    extents = output("xprop", "-name", title, "_GTK_FRAME_EXTENTS").split("=")[1]
+    return tuple(int(part) for part in extents.split(","))
+
 
 class PromptTest(DesktopCase):
     def test_first_launch_asks_for_a_folder_and_the_first_note_is_saved(self):
@@ -82,10 +90,9 @@ class PromptTest(DesktopCase):
         type_text("lost")
         (title,) = self.prompt_titles()
         self.desktop.wait_until_still()
-        x, y, width, _ = geometry_of(title)
-        shadow = (width - 560) // 2
-        shadow_above = int(output("xprop", "-name", title, "_GTK_FRAME_EXTENTS").split(",")[2])
-        click(x + shadow + 18, y + shadow_above + 14)
+        x, y, _, _ = geometry_of(title)
+        left, _, above, _ = shadow_of(title)
+        click(x + left + 18, y + above + 14)
         self.wait_until_no_prompt()
         editor = self.open_prompt()
         self.assertEqual(accessibility.text_of(editor), "")
@@ -152,14 +159,27 @@ class PromptTest(DesktopCase):
         state = output("xprop", "-name", title, "_NET_WM_STATE")
         for atom in ("_ABOVE", "_SKIP_TASKBAR", "_SKIP_PAGER"):
             self.assertIn("_NET_WM_STATE" + atom, state)
-        left, right, above, below = (
-            int(part) for part in
-            output("xprop", "-name", title, "_GTK_FRAME_EXTENTS").split("=")[1].split(","))
+        left, right, above, below = shadow_of(title)
         place = ((1280 - 560) // 2 - left, (900 - 104) // 3 - above)
         wait_for(lambda: geometry_of(title)[:2] == place, f"the card at {place}")
         _, _, width, height = geometry_of(title)
         self.assertEqual(width - left - right, 560)
         self.assertIn(height - above - below, range(104, 373))
+
+    def test_compositor_that_ends_and_starts_is_noticed(self):
+        self.start()
+        self.open_prompt()
+        (title,) = self.prompt_titles()
+        frame = ((1280 - 560) // 2, (900 - 104) // 3)
+        self.assertNotEqual(shadow_of(title), NO_SHADOW)
+        self.desktop.compositor.terminate()
+        wait_for(lambda: shadow_of(title) == NO_SHADOW, "the shadow to go")
+        wait_for(lambda: geometry_of(title)[:2] == frame, "the frame to stay")
+        self.desktop.start_compositor()
+        wait_for(lambda: shadow_of(title) != NO_SHADOW, "the shadow to come back")
+        left, _, above, _ = shadow_of(title)
+        wait_for(lambda: geometry_of(title)[:2] == (frame[0] - left, frame[1] - above),
+                 "the frame to stay")
 
     def test_growing_keeps_the_top_edge(self):
         self.start()
