@@ -73,7 +73,7 @@ void TovlaApp::popUpMenu()
 
 void TovlaApp::finishLaunching()
 {
-    m_appDelegate.applicationDidFinishLaunching();
+    AppDelegate::applicationDidFinishLaunching();
 }
 
 void TovlaApp::sayHowToUpdate()

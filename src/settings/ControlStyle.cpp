@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/ControlStyle.h"
 
+#include "look/Look.h"
 #include "look/Squircle.h"
 
 #include <QPainter>
@@ -13,6 +14,9 @@ constexpr int buttonPadding = 12;
 /// Around the face: a rim above and at the sides, a little more of a shadow below.
 constexpr int faceMargin = 1;
 constexpr qreal focusRingWidth = 3;
+constexpr int radioSide = 14;
+constexpr int radioToText = 6;
+constexpr int radioHeight = 16;
 
 QColor shade(double opacity)
 {
@@ -27,15 +31,69 @@ void fillFace(QPainter &painter, const QRectF &rect, const QColor &face)
     painter.fillPath(squirclePath(rect, controlRadius), face);
 }
 
-/// The raised face of a control, in the state that @p option tells.
-void drawFace(QPainter &painter, const QStyleOption &option)
+void drawRadio(QPainter &painter, const QStyleOption &option)
 {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF circle = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    const bool isOn = option.state.testFlag(QStyle::State_On);
+    const QColor accent = option.palette.color(QPalette::Link);
+    if (option.state.testFlag(QStyle::State_HasFocus)
+        && option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
+        QColor ring = accent;
+        ring.setAlphaF(0.5F);
+        painter.setPen(QPen(ring, 2));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawEllipse(circle.adjusted(-1, -1, 1, 1));
+    }
+    painter.setPen(QPen(isOn ? accent.darker(112) : shade(0.18), 1));
+    painter.setBrush(isOn ? accent : option.palette.color(QPalette::Button));
+    painter.drawEllipse(circle);
+    if (isOn) {
+        constexpr qreal dotRadius = 2.75;
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Qt::white);
+        painter.drawEllipse(circle.center(), dotRadius, dotRadius);
+    }
+    if (option.state.testFlag(QStyle::State_Sunken)) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(shade(0.12));
+        painter.drawEllipse(circle);
+    }
+    painter.restore();
+}
+
+/// The two arrows that tell a pop-up from a button.
+void drawPopUpArrows(QPainter &painter, const QStyleOption &option)
+{
+    constexpr qreal trailing = 13;
+    constexpr qreal side = 7;
+    constexpr qreal gap = 2;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(option.palette.color(Look::secondaryTextRole));
+    const qreal top = option.rect.center().y() - side / 2;
+    const qreal down = option.rect.right() - trailing - side + 4;
+    const qreal up = down - gap - side;
+    painter.drawPolygon(QPolygonF(
+        {QPointF(up, top + side), QPointF(up + side, top + side), QPointF(up + side / 2, top)}));
+    painter.drawPolygon(QPolygonF(
+        {QPointF(down, top), QPointF(down + side, top), QPointF(down + side / 2, top + side)}));
+    painter.restore();
+}
+} // namespace
+
+void ControlStyle::drawFace(QPainter &painter, const QStyleOption &option)
+{
+    const bool isField = option.type == QStyleOption::SO_Frame;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF rect
         = QRectF(option.rect).adjusted(faceMargin, faceMargin, -faceMargin, -faceMargin - 1);
     if (option.state.testFlag(QStyle::State_HasFocus)
-        && option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
+        && (option.state.testFlag(QStyle::State_KeyboardFocusChange)
+            || isField)) { // a text field shows where one types
         QColor ring = option.palette.color(QPalette::Link);
         ring.setAlphaF(0.5F);
         const qreal grown = focusRingWidth - faceMargin;
@@ -43,15 +101,14 @@ void drawFace(QPainter &painter, const QStyleOption &option)
             squirclePath(rect.adjusted(-grown, -grown, grown, grown), controlRadius + grown), ring);
     }
     fillFace(painter, rect, option.palette.color(QPalette::Button));
-    if (option.state.testFlag(QStyle::State_Sunken)) {
+    if (option.state.testFlag(QStyle::State_Sunken) && !isField) {
         painter.fillPath(squirclePath(rect, controlRadius), shade(0.12));
-    } else if (option.state.testFlag(QStyle::State_MouseOver)
+    } else if (option.state.testFlag(QStyle::State_MouseOver) && !isField
                && option.state.testFlag(QStyle::State_Enabled)) {
         painter.fillPath(squirclePath(rect, controlRadius), shade(0.04));
     }
     painter.restore();
 }
-} // namespace
 
 ControlStyle::ControlStyle()
     : QProxyStyle(QStringLiteral("Fusion"))
@@ -72,10 +129,64 @@ QSize ControlStyle::sizeFromContents(ContentsType type, const QStyleOption *opti
                                      const QSize &size, const QWidget *widget) const
 {
     if (type == CT_PushButton) {
-        return {size.width() + 2 * (buttonPadding + faceMargin),
-                controlHeight + 2 * faceMargin + 1};
+        return {size.width() + 2 * (buttonPadding + faceMargin), outerHeight};
+    }
+    if (type == CT_RadioButton) {
+        return {QProxyStyle::sizeFromContents(type, option, size, widget).width(), radioHeight};
     }
     return QProxyStyle::sizeFromContents(type, option, size, widget);
+}
+
+void ControlStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
+                                 QPainter *painter, const QWidget *widget) const
+{
+    switch (element) {
+    case PE_PanelLineEdit:
+        drawFace(*painter, *option);
+        break;
+    case PE_IndicatorRadioButton:
+        drawRadio(*painter, *option);
+        break;
+    case PE_FrameFocusRect: // the faces show the focus
+    case PE_FrameLineEdit:
+        break;
+    default:
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+void ControlStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                                      QPainter *painter, const QWidget *widget) const
+{
+    if (control == CC_ComboBox) {
+        drawFace(*painter, *option);
+        drawPopUpArrows(*painter, *option);
+        return;
+    }
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+QRect ControlStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option,
+                                   SubControl part, const QWidget *widget) const
+{
+    if (control == CC_ComboBox && part == SC_ComboBoxEditField) {
+        constexpr int leading = 7;
+        constexpr int arrows = 30;
+        return option->rect.adjusted(leading, 0, -arrows, -1);
+    }
+    return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+int ControlStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                            QStyleHintReturn *returned) const
+{
+    switch (hint) {
+    case SH_ComboBox_Popup: // a plain list takes the window's palette; a menu-like one does not
+    case SH_ComboBox_AllowWheelScrolling: // turning the wheel over a window must change nothing
+        return 0;
+    default:
+        return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
 }
 
 int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
@@ -85,6 +196,11 @@ int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
         return 0;
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+        return radioSide;
+    case PM_RadioButtonLabelSpacing:
+        return radioToText;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }

@@ -12,8 +12,22 @@ class ControlStyle final : public QProxyStyle
 
 public:
     static constexpr int controlHeight = 22;
+    /// With the rim above and the shadow below.
+    static constexpr int outerHeight = controlHeight + 3;
 
     ControlStyle();
+
+    /// The raised face that all controls share, in the state that @p option tells.
+    static void drawFace(QPainter &painter, const QStyleOption &option);
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                            QPainter *painter, const QWidget *widget) const override;
+    [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex *option,
+                                       SubControl part, const QWidget *widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *returned) const override;
 
     void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                      const QWidget *widget) const override;

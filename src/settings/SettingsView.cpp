@@ -3,7 +3,10 @@
 
 #include "settings/ControlStyle.h"
 #include "settings/FolderControl.h"
+#include "settings/FrequencyControl.h"
 #include "settings/SettingRow.h"
+#include "settings/SoundControl.h"
+#include "settings/ThemeControl.h"
 
 #include <QPainter>
 #include <QVBoxLayout>
@@ -35,12 +38,19 @@ protected:
 SettingsView::SettingsView(AppState &state, QWidget *parent)
     : QWidget(parent)
     , m_rows(new QVBoxLayout(this))
+    , m_sound(new SoundControl(state))
 {
     setFixedWidth(width);
     m_rows->setContentsMargins(viewPadding, viewPadding, viewPadding, viewPadding);
     m_rows->setSpacing(0);
     addRow(QStringLiteral("folder.fill"), Tints::blue, QStringLiteral("Folder"),
            QStringLiteral("Entries are saved as daily Markdown files"), new FolderControl(state));
+    addRow(QStringLiteral("clock.fill"), Tints::orange, QStringLiteral("Prompt Frequency"),
+           QStringLiteral("How often you'll be nudged to write"), new FrequencyControl(state));
+    addRow(QStringLiteral("circle.lefthalf.filled"), Tints::purple, QStringLiteral("Appearance"),
+           QStringLiteral("Choose how Tovla looks"), new ThemeControl(state));
+    addRow(QStringLiteral("speaker.wave.2.fill"), Tints::green, QStringLiteral("Alert Sound"),
+           QStringLiteral("Played when a writing prompt appears"), m_sound);
 
     auto *const style = new ControlStyle;
     style->setParent(this);
@@ -62,6 +72,7 @@ void SettingsView::addRow(const QString &icon, const Tint &tint, const QString &
 void SettingsView::setLook(const Look &look)
 {
     setPalette(look.palette());
+    m_sound->setLook(look);
     const auto rows = findChildren<SettingRow *>();
     for (SettingRow *const row : rows) {
         row->setColorScheme(look.scheme);

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class AppState;
+class SoundControl;
 class QVBoxLayout;
 
 /// The content of the settings window. What is changed in it takes effect at once.
@@ -27,4 +28,5 @@ private:
                 QWidget *control);
 
     QVBoxLayout *m_rows;
+    SoundControl *m_sound;
 };

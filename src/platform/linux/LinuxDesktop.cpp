@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Desktop.h"
 #include "platform/linux/BootTimeTimers.h"
+#include "platform/linux/CanberraSounds.h"
 #include "platform/linux/FileDialogFolderChooser.h"
 #include "platform/linux/MessageBoxAlerts.h"
 #include "platform/linux/PortalAppearance.h"
 #include "platform/linux/PreferencesFile.h"
-#include "platform/linux/SilentSounds.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/X11Compositor.h"
 #include "platform/linux/X11Windows.h"
@@ -16,7 +16,7 @@ Desktop Desktop::ofThisPlatform()
     desktop.clock = std::make_unique<SystemClock>();
     desktop.timers = std::make_unique<BootTimeTimers>();
     desktop.preferences = std::make_unique<PreferencesFile>(PreferencesFile::userPath());
-    desktop.sounds = std::make_unique<SilentSounds>();
+    desktop.sounds = std::make_unique<CanberraSounds>();
     desktop.windows = std::make_unique<X11Windows>();
     desktop.alerts = std::make_unique<MessageBoxAlerts>(*desktop.windows);
     desktop.compositor = std::make_unique<X11Compositor>();

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Synthesis.h"
+
+namespace Sounds
+{
+
+// The highest absolute value, in decibels relative to full scale.
+double peakLevel(const Samples &samples);
+
+// The loudest 400 ms, as plain root mean square in decibels relative to full scale.
+double loudestLevel(const Samples &samples);
+
+// The loudest 400 ms after K-weighting as in ITU-R BS.1770, ungated, in LUFS: the maximum
+// momentary loudness. A sound shorter than the window is measured as if followed by silence.
+double momentaryLoudness(const Samples &samples);
+
+} // namespace Sounds

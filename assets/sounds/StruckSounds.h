@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Synthesis.h"
+
+namespace Sounds
+{
+
+// Bodies that are hit once and ring out.
+Samples bottle();
+Samples glass();
+Samples ping();
+Samples pop();
+Samples sosumi();
+Samples submarine();
+Samples tink();
+
+} // namespace Sounds

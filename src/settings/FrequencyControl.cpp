@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "settings/FrequencyControl.h"
+
+#include "core/AppState.h"
+#include "core/StateObserver.h"
+#include "look/Fonts.h"
+#include "look/Look.h"
+#include "settings/ControlStyle.h"
+#include "settings/IntervalText.h"
+#include "settings/Labels.h"
+#include "settings/Stepper.h"
+
+#include <QEvent>
+#include <QFocusEvent>
+#include <QHBoxLayout>
+
+namespace
+{
+constexpr int numberWidth = 56;
+constexpr int spacing = 8;
+constexpr int nextSpacing = 4;
+} // namespace
+
+NumberField::NumberField(std::function<void(const QString &)> committed)
+    : m_committed(std::move(committed))
+{
+    setFont(systemFont(FontSizes::body));
+    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    setFixedSize(numberWidth + 2, ControlStyle::outerHeight);
+    connect(this, &QLineEdit::returnPressed, this, &NumberField::commit);
+}
+
+void NumberField::focusOutEvent(QFocusEvent *event)
+{
+    QLineEdit::focusOutEvent(event);
+    if (event->reason() != Qt::PopupFocusReason) {
+        commitIfEdited();
+    }
+}
+
+void NumberField::hideEvent(QHideEvent *event)
+{
+    commitIfEdited();
+    QLineEdit::hideEvent(event);
+}
+
+void NumberField::commitIfEdited()
+{
+    if (isModified()) {
+        commit();
+    }
+}
+
+void NumberField::commit()
+{
+    setModified(false);
+    m_committed(text());
+}
+
+FrequencyControl::FrequencyControl(AppState &state)
+    : m_state(state)
+    , m_number(new NumberField([this](const QString &text) { take(text); }))
+    , m_unit(Labels::plain(QString(), systemFont(FontSizes::subheadline), Look::secondaryTextRole))
+    , m_nextAt(
+          Labels::plain(tr("next at"), systemFont(FontSizes::subheadline), Look::tertiaryTextRole))
+    , m_nextTime(
+          Labels::plain(QString(), systemFont(FontSizes::subheadline), Look::secondaryTextRole))
+{
+    m_number->setAccessibleName(QStringLiteral("Prompt Frequency"));
+    auto *const next = new QHBoxLayout;
+    next->setSpacing(nextSpacing);
+    next->addWidget(m_nextAt);
+    next->addWidget(m_nextTime);
+
+    auto *const layout = new QHBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(spacing - 1);
+    layout->addWidget(m_number);
+    layout->addWidget(new Stepper([this](int direction) { step(direction); }));
+    layout->addWidget(m_unit);
+    layout->addStretch();
+    layout->addLayout(next);
+
+    new StateObserver(state, this, [this] { refresh(); });
+    showNumber();
+    refresh();
+}
+
+void FrequencyControl::take(const QString &text)
+{
+    if (const auto minutes = IntervalText::parsed(text, QLocale::system())) {
+        m_state.setIntervalMinutes(IntervalText::clamped(*minutes));
+    }
+    showNumber();
+}
+
+void FrequencyControl::step(int direction)
+{
+    // What is typed but not committed yet is where the step starts from.
+    const qint64 from = IntervalText::parsed(m_number->text(), QLocale::system())
+                            .value_or(m_state.intervalMinutes());
+    m_state.setIntervalMinutes(
+        IntervalText::clamped(IntervalText::clamped(from) + direction * IntervalText::step));
+    showNumber();
+}
+
+void FrequencyControl::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LocaleChange) {
+        showNumber();
+        showNextPrompt();
+    }
+    QWidget::changeEvent(event);
+}
+
+void FrequencyControl::refresh()
+{
+    if (!m_number->isModified()) {
+        showNumber();
+    }
+    m_unit->setText(m_state.intervalMinutes() == 1 ? tr("minute") : tr("minutes"));
+    showNextPrompt();
+}
+
+void FrequencyControl::showNumber()
+{
+    m_number->setText(IntervalText::text(m_state.intervalMinutes(), QLocale::system()));
+}
+
+void FrequencyControl::showNextPrompt()
+{
+    const auto &next = m_state.nextPromptDate();
+    m_nextAt->setVisible(next.has_value());
+    m_nextTime->setVisible(next.has_value());
+    if (next) {
+        m_nextTime->setText(
+            IntervalText::hoursAndMinutes(next->toLocalTime().time(), QLocale::system()));
+    }
+}

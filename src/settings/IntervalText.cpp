@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "settings/IntervalText.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace IntervalText
+{
+namespace
+{
+/// Some locales group with a kind of space that no keyboard has.
+QString withTypedSpaces(QString text, const QLocale &locale)
+{
+    const QString group = locale.groupSeparator();
+    if (group.size() == 1 && group.at(0).isSpace()) {
+        for (const QChar space : {QChar(u' '), QChar(u'\u00A0'), QChar(u'\u202F')}) {
+            text.replace(space, group.at(0));
+        }
+    }
+    return text;
+}
+} // namespace
+
+QString text(qint64 minutes, const QLocale &locale)
+{
+    return locale.toString(minutes);
+}
+
+std::optional<qint64> parsed(const QString &text, const QLocale &locale)
+{
+    bool isInteger = false;
+    const QString trimmed = text.trimmed();
+    const qint64 local = locale.toLongLong(withTypedSpaces(trimmed, locale), &isInteger);
+    if (isInteger) {
+        return local;
+    }
+    const qint64 plain = trimmed.toLongLong(&isInteger);
+    return isInteger ? std::optional(plain) : std::nullopt;
+}
+
+qint64 clamped(qint64 minutes)
+{
+    return std::clamp(minutes, minimum, maximum);
+}
+
+QString hoursAndMinutes(const QTime &time, const QLocale &locale)
+{
+    static const QRegularExpression seconds(QStringLiteral("[^\\w\\s']?s{1,2}"));
+    QString format = locale.timeFormat(QLocale::ShortFormat);
+    return locale.toString(time, format.remove(seconds));
+}
+} // namespace IntervalText

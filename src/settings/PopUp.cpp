@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include "settings/PopUp.h"
+
+#include <QAccessibleWidget>
+
+namespace
+{
+class AccessiblePopUp final : public QAccessibleWidget
+{
+public:
+    explicit AccessiblePopUp(PopUp *popUp)
+        : QAccessibleWidget(popUp, QAccessible::ComboBox)
+    {
+    }
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Value ? popUp().currentText() : QAccessibleWidget::text(kind);
+    }
+
+    [[nodiscard]] QStringList actionNames() const override
+    {
+        return {showMenuAction(), pressAction()};
+    }
+
+    void doAction(const QString &name) override
+    {
+        if (actionNames().contains(name)) {
+            popUp().showPopup();
+        }
+    }
+
+private:
+    [[nodiscard]] PopUp &popUp() const { return *qobject_cast<PopUp *>(widget()); }
+};
+
+QAccessibleInterface *makeAccessible(const QString &, QObject *object)
+{
+    auto *const popUp = qobject_cast<PopUp *>(object);
+    return popUp ? new AccessiblePopUp(popUp) : nullptr;
+}
+} // namespace
+
+PopUp::PopUp(const QString &accessibleName)
+{
+    QAccessible::installFactory(makeAccessible);
+    setAccessibleName(accessibleName);
+}

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "settings/ThemeControl.h"
+
+#include "core/AppState.h"
+#include "core/StateObserver.h"
+#include "look/Fonts.h"
+
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int optionSpacing = 6;
+} // namespace
+
+ThemeControl::ThemeControl(AppState &state)
+    : m_state(state)
+{
+    setAccessibleName(tr("Theme"));
+    auto *const layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(optionSpacing);
+    const QStringList names{tr("Follow System"), tr("Light"), tr("Dark")};
+    for (int index = 0; index < names.size(); ++index) {
+        auto *const option = new QRadioButton(names.at(index));
+        option->setFont(systemFont(FontSizes::body));
+        m_options.addButton(option, index);
+        layout->addWidget(option, 0, Qt::AlignLeft);
+    }
+    connect(&m_options, &QButtonGroup::idClicked, this, [this](int index) {
+        m_state.setTheme(allThemePreferences.at(static_cast<size_t>(index)));
+    });
+    new StateObserver(state, this, [this] { refresh(); });
+    refresh();
+}
+
+void ThemeControl::refresh()
+{
+    const auto *const theme = std::ranges::find(allThemePreferences, m_state.theme());
+    m_options.button(static_cast<int>(theme - allThemePreferences.begin()))->setChecked(true);
+}
