@@ -35,7 +35,8 @@ void TovlaApp::launch()
             [] { AppState::shared().showSettings(); });
     connect(m_runningCopy.get(), &RunningCopy::actionRequested, this, &TovlaApp::perform);
     connect(m_trayHost.get(), &TrayHost::found, this, &TovlaApp::showTrayItem);
-    connect(m_trayHost.get(), &TrayHost::settled, this, &TovlaApp::finishLaunching);
+    connect(m_trayHost.get(), &TrayHost::settled, this,
+            &AppDelegate::applicationDidFinishLaunching);
     connect(&m_appDelegate.updaterController(), &UpdaterController::checkRequested, this,
             &TovlaApp::sayHowToUpdate);
     m_trayHost->find();
@@ -69,11 +70,6 @@ void TovlaApp::popUpMenu()
         m_drawnMenu = std::make_unique<MenuContent>(AppState::shared(), MenuContent::Shown::ByUs);
     }
     m_drawnMenu->popup(QCursor::pos());
-}
-
-void TovlaApp::finishLaunching()
-{
-    AppDelegate::applicationDidFinishLaunching();
 }
 
 void TovlaApp::sayHowToUpdate()

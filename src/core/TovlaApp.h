@@ -26,7 +26,6 @@ public:
 private:
     void launch();
     void showTrayItem();
-    void finishLaunching();
     void popUpMenu();
     static void sayHowToUpdate();
     void perform(const QString &action);

@@ -20,13 +20,15 @@ public:
 
     [[nodiscard]] QStringList actionNames() const override
     {
-        return {showMenuAction(), pressAction()};
+        return QStringList{showMenuAction(), pressAction()} + QAccessibleWidget::actionNames();
     }
 
     void doAction(const QString &name) override
     {
-        if (actionNames().contains(name)) {
+        if (name == showMenuAction() || name == pressAction()) {
             popUp().showPopup();
+        } else {
+            QAccessibleWidget::doAction(name);
         }
     }
 

@@ -29,8 +29,12 @@ ThemeControl::ThemeControl(AppState &state)
         m_options.addButton(option, index);
         layout->addWidget(option, 0, Qt::AlignLeft);
     }
-    connect(&m_options, &QButtonGroup::idClicked, this, [this](int index) {
-        m_state.setTheme(allThemePreferences.at(static_cast<size_t>(index)));
+    // Not idClicked: a screen reader toggles a button without a click.
+    connect(&m_options, &QButtonGroup::idToggled, this, [this](int index, bool isOn) {
+        const ThemePreference chosen = allThemePreferences.at(static_cast<size_t>(index));
+        if (isOn && chosen != m_state.theme()) {
+            m_state.setTheme(chosen);
+        }
     });
     new StateObserver(state, this, [this] { refresh(); });
     refresh();

@@ -4,8 +4,12 @@
 #include "settings/SettingsView.h"
 #include "support/AppStateForTests.h"
 
+#include <QAccessible>
+#include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
 
 class SettingsWindowTest final : public QObject
@@ -115,6 +119,132 @@ private slots:
         QVERIFY(path()->geometry().right() < button()->geometry().left());
     }
 
+    void typedNumber_isTakenOnReturn_andClamped_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<qint64>("minutes");
+        QTest::newRow("plain") << u"25"_qs << 25LL;
+        QTest::newRow("zero") << u"0"_qs << 1LL;
+        QTest::newRow("too many") << u"5000"_qs << 1440LL;
+        QTest::newRow("letters") << u"often"_qs << 60LL;
+        QTest::newRow("beyond 64 bits") << u"99999999999999999999"_qs << 60LL;
+    }
+
+    void typedNumber_isTakenOnReturn_andClamped()
+    {
+        QFETCH(QString, typed);
+        number()->selectAll();
+        QTest::keyClicks(number(), typed);
+        QCOMPARE((*m_state)->intervalMinutes(), 60);
+        QTest::keyClick(number(), Qt::Key_Return);
+        QTEST((*m_state)->intervalMinutes(), "minutes");
+        QCOMPARE(number()->text(), QLocale::system().toString((*m_state)->intervalMinutes()));
+    }
+
+    void editedNumber_isTakenWhenTheFocusGoes_anUneditedOneIsNot()
+    {
+        number()->setFocus();
+        QTest::keyClick(number(), Qt::Key_Tab);
+        QCOMPARE(m_desktop->writes, 0);
+        number()->setFocus();
+        number()->selectAll();
+        QTest::keyClicks(number(), u"30"_qs);
+        QTest::keyClick(number(), Qt::Key_Tab);
+        QCOMPARE((*m_state)->intervalMinutes(), 30);
+        QCOMPARE(m_desktop->writes, 1);
+    }
+
+    void editedNumber_isTakenWhenTheWindowCloses()
+    {
+        number()->setFocus();
+        number()->selectAll();
+        QTest::keyClicks(number(), u"30"_qs);
+        QTest::keyClick(number(), Qt::Key_W, Qt::ControlModifier);
+        QVERIFY(!window()->isVisible());
+        QCOMPARE((*m_state)->intervalMinutes(), 30);
+        QCOMPARE(m_desktop->writes, 1);
+    }
+
+    void stepper_stepsByFive_andClamps()
+    {
+        const auto press = [this](const char *name, qint64 from) {
+            (*m_state)->setIntervalMinutes(from);
+            QCoreApplication::processEvents();
+            QTest::mouseClick(named<QAbstractButton>(QLatin1String(name)), Qt::LeftButton);
+            return (*m_state)->intervalMinutes();
+        };
+        QCOMPARE(press("Increase", 1), 6);
+        QCOMPARE(press("Increase", 6), 11);
+        QCOMPARE(press("Increase", 1438), 1440);
+        QCOMPARE(press("Increase", 1440), 1440);
+        QCOMPARE(press("Decrease", 3), 1);
+        QCOMPARE(press("Decrease", 60), 55);
+    }
+
+    void stepper_hasKeys()
+    {
+        QWidget *const stepper = named<QAbstractButton>(QLatin1String("Increase"))->parentWidget();
+        stepper->setFocus();
+        QTest::keyClick(stepper, Qt::Key_Up);
+        QCOMPARE((*m_state)->intervalMinutes(), 65);
+        QTest::keyClick(stepper, Qt::Key_Down);
+        QCOMPARE((*m_state)->intervalMinutes(), 60);
+    }
+
+    void unit_isSingularAtOne()
+    {
+        QVERIFY(label(u"minutes"_qs));
+        (*m_state)->setIntervalMinutes(1);
+        QTRY_VERIFY(label(u"minute"_qs));
+        (*m_state)->setIntervalMinutes(2);
+        QTRY_VERIFY(label(u"minutes"_qs));
+    }
+
+    void nextPrompt_isShownOnlyWhenThereIsOne()
+    {
+        QVERIFY(!label(u"next at"_qs)->isVisible());
+        (*m_state)->setFolderPath(u"/tmp/Journal"_qs);
+        QTRY_VERIFY(label(u"next at"_qs)->isVisible());
+        QVERIFY(label(u"11:05"_qs)); // 09:05 UTC and an hour, in Berlin
+        (*m_state)->setFolderPath(QString());
+        QTRY_VERIFY(!label(u"next at"_qs)->isVisible());
+    }
+
+    void radios_chooseTheTheme()
+    {
+        const auto radios = window()->findChildren<QRadioButton *>();
+        QCOMPARE(radios.size(), 3);
+        QVERIFY(radios.at(0)->isChecked());
+        QTest::mouseClick(radios.at(2), Qt::LeftButton);
+        QCOMPARE((*m_state)->theme(), ThemePreference::dark);
+        QTest::keyClick(radios.at(2), Qt::Key_Up);
+        QCOMPARE((*m_state)->theme(), ThemePreference::light);
+        QCOMPARE(m_desktop->timersMade, 0);
+    }
+
+    void popUp_offersTheSounds_andIsSilent_previewPlays()
+    {
+        auto *const popUp = window()->findChild<QComboBox *>();
+        QCOMPARE(popUp->count(), 14);
+        QCOMPARE(popUp->currentText(), u"Purr"_qs);
+        popUp->setFocus();
+        QTest::keyClicks(popUp, u"Gl"_qs);
+        QCOMPARE((*m_state)->soundName(), u"Glass"_qs);
+        QVERIFY(m_desktop->soundLog.isEmpty());
+        const auto buttons = window()->findChildren<QPushButton *>();
+        QTest::mouseClick(buttons.constLast(), Qt::LeftButton);
+        QCOMPARE(m_desktop->soundLog, QStringList{u"play Glass"_qs});
+    }
+
+    void popUp_hasItsNameForAScreenReader()
+    {
+        auto *const popUp = window()->findChild<QComboBox *>();
+        const QAccessibleInterface *const accessible = QAccessible::queryAccessibleInterface(popUp);
+        QCOMPARE(accessible->role(), QAccessible::ComboBox);
+        QCOMPARE(accessible->text(QAccessible::Name), u"Sound"_qs);
+        QCOMPARE(accessible->text(QAccessible::Value), u"Purr"_qs);
+    }
+
     void theme_appliesAtOnce()
     {
         (*m_state)->setTheme(ThemePreference::dark);
@@ -126,6 +256,17 @@ private slots:
     }
 
 private:
+    template <typename Widget>
+    [[nodiscard]] Widget *named(const QString &accessibleName) const
+    {
+        for (Widget *const each : window()->findChildren<Widget *>()) {
+            if (each->accessibleName() == accessibleName) {
+                return each;
+            }
+        }
+        return nullptr;
+    }
+    [[nodiscard]] QLineEdit *number() const { return named<QLineEdit>(u"Prompt Frequency"_qs); }
     [[nodiscard]] QWidget *window() const { return m_state->settingsWindow(); }
     [[nodiscard]] QPushButton *button() const { return window()->findChild<QPushButton *>(); }
     [[nodiscard]] ElidedLabel *path() const { return window()->findChild<ElidedLabel *>(); }

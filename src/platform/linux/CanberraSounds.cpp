@@ -48,7 +48,7 @@ QString soundFilePath(const QString &name)
     QStringList dataDirs{QCoreApplication::applicationDirPath() + QStringLiteral("/../share")};
     dataDirs += QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
     for (const QString &dir : std::as_const(dataDirs)) {
-        const QString path = QStringLiteral("%1/sounds/tovla/stereo/%2.wav").arg(dir, name);
+        QString path = QStringLiteral("%1/sounds/tovla/stereo/%2.wav").arg(dir, name);
         if (QFile::exists(path)) {
             return path;
         }
