@@ -36,12 +36,12 @@ def one_desktop(scale, compositor):
     import accessibility
     suffix = ("" if compositor == "composited" else "-plain") + ("@2x" if scale == 2 else "")
 
-    def picture(name, width, height):
+    def picture(name, width, height, top=180):
         """The middle of the screen, where the windows are, in logical pixels."""
         whole = desktop.home / "whole.png"
         desktop.screenshot(whole)
         subprocess.run(["convert", str(whole), "-gravity", "north", "-crop",
-                        f"{width * scale}x{height * scale}+0+{180 * scale}", "+repage", "-strip",
+                        f"{width * scale}x{height * scale}+0+{top * scale}", "+repage", "-strip",
                         str(PICTURES / f"{name}{suffix}.png")], check=True)
 
     def open_prompt(theme):
@@ -52,6 +52,14 @@ def one_desktop(scale, compositor):
         editor = accessibility.find(QUESTION)
         wait_for(lambda: is_time(active_window_title()), "the prompt")
         return editor
+
+    def open_settings(theme):
+        desktop.forget_user()
+        desktop.write_preferences(folderPath="/home/ann/Notes/Journal", theme=theme)
+        tovla = desktop.start_tovla(**CLOCK)
+        tovla.wait_for_tray_item().click("Settings…")
+        wait_for(lambda: active_window_title() == "Tovla Settings", "the settings")
+        desktop.wait_until_still()
 
     def write(editor, lines):
         for number, line in enumerate(lines):
@@ -73,6 +81,10 @@ def one_desktop(scale, compositor):
             write(open_prompt(theme), LINES * 6)
             picture(f"prompt-cap-{theme}", 720, 540)
             desktop.stop_tovlas()
+            if compositor == "composited":
+                open_settings(theme)
+                picture(f"settings-{theme}", 540, 720, top=90)
+                desktop.stop_tovlas()
     finally:
         desktop.close()
 

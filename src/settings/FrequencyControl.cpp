@@ -10,9 +10,11 @@
 #include "settings/Labels.h"
 #include "settings/Stepper.h"
 
+#include <QContextMenuEvent>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QHBoxLayout>
+#include <QMenu>
 
 namespace
 {
@@ -28,6 +30,14 @@ NumberField::NumberField(std::function<void(const QString &)> committed)
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     setFixedSize(numberWidth + 2, ControlStyle::outerHeight);
     connect(this, &QLineEdit::returnPressed, this, &NumberField::commit);
+}
+
+void NumberField::contextMenuEvent(QContextMenuEvent *event)
+{
+    auto *const menu = createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setAttribute(Qt::WA_WindowPropagation);
+    menu->popup(event->globalPos());
 }
 
 void NumberField::focusOutEvent(QFocusEvent *event)

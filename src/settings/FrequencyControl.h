@@ -20,6 +20,7 @@ public:
     explicit NumberField(std::function<void(const QString &)> committed);
 
 protected:
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void hideEvent(QHideEvent *event) override;
 

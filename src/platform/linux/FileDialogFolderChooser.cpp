@@ -13,6 +13,8 @@ void FileDialogFolderChooser::choose(QWidget &parent, const QString &prompt,
     }
     m_dialog = new QFileDialog(&parent);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    // Looks as its parent does, also when that changes while it is open.
+    m_dialog->setAttribute(Qt::WA_WindowPropagation);
     m_dialog->setFileMode(QFileDialog::Directory);
     m_dialog->setOption(QFileDialog::ShowDirsOnly);
     m_dialog->setLabelText(QFileDialog::Accept, prompt);
