@@ -212,6 +212,8 @@ def wait_for(condition, what, patience=PATIENCE_SECONDS):
             raise AssertionError(f"waited {patience} s in vain for {what}")
         GLib.timeout_add(10, lambda: False)
         context.iteration(True)
+        while context.pending():
+            context.iteration(False)
 
 
 def visible_windows(title):

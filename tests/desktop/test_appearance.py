@@ -113,10 +113,10 @@ class AppearanceTest(DesktopCase):
         self.open_settings()
 
         def has_accent():
-            x, y, width, height = geometry_of("Tovla Settings")
-            colors = output("bash", "-c", f"import -window root -crop {width}x{height}+{x}+{y} "
-                            "png:- | convert png:- -depth 8 -unique-colors txt:-")
-            return "#CC3333" in colors
+            picture = self.desktop.home / "accent.png"
+            self.desktop.screenshot(picture)
+            return "#CC3333" in output("convert", str(picture), "-depth", "8", "-unique-colors",
+                                       "txt:-")
 
         wait_for(has_accent, "the accent")
 

@@ -29,7 +29,7 @@ const QString animationsKey = QStringLiteral("enable-animations");
 /// Read answers with a variant inside a variant.
 QVariant unwrapped(QVariant value)
 {
-    while (value.canConvert<QDBusVariant>()) {
+    while (value.metaType() == QMetaType::fromType<QDBusVariant>()) {
         value = value.value<QDBusVariant>().variant();
     }
     return value;
@@ -38,7 +38,7 @@ QVariant unwrapped(QVariant value)
 /// Three numbers from 0 to 1; anything else means that there is no accent colour.
 QColor accentFrom(const QVariant &value)
 {
-    if (!value.canConvert<QDBusArgument>()) {
+    if (value.metaType() != QMetaType::fromType<QDBusArgument>()) {
         return {};
     }
     const auto argument = value.value<QDBusArgument>();
