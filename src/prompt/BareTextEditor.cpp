@@ -71,11 +71,6 @@ void BareTextEditor::setText(const QString &text)
     }
 }
 
-bool BareTextEditor::isEmpty() const
-{
-    return document()->isEmpty() && !isComposing();
-}
-
 bool BareTextEditor::isComposing() const
 {
     const QTextLayout *layout = textCursor().block().layout();

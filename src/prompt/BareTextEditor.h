@@ -28,8 +28,6 @@ public:
     [[nodiscard]] QString text() const;
     /// Replaces the whole note, unless it is the same already.
     void setText(const QString &text);
-    /// Nothing typed, nothing under way in an input method.
-    [[nodiscard]] bool isEmpty() const;
     /// An input method is in the middle of composing something.
     [[nodiscard]] bool isComposing() const;
 

@@ -19,7 +19,7 @@ constexpr int linePadding = 5;
 constexpr int editorSlack = 1;
 } // namespace
 
-WritingBox::WritingBox(const Look &look, std::function<void(double)> heightChanged, QWidget *parent)
+WritingBox::WritingBox(const Look &look, std::function<void()> heightChanged, QWidget *parent)
     : QWidget(parent)
     , m_editor(
           new BareTextEditor({.read = [this] { return m_editorHeight; },
@@ -27,7 +27,7 @@ WritingBox::WritingBox(const Look &look, std::function<void(double)> heightChang
                                   [this, heightChanged = std::move(heightChanged)](double height) {
                                       m_editorHeight = height;
                                       layOutEditor();
-                                      heightChanged(height);
+                                      heightChanged();
                                   }},
                              this))
 {
@@ -75,7 +75,7 @@ PromptView::PromptView(PromptCallbacks callbacks, const Look &look, QWidget *par
     , m_colorScheme(look.scheme)
     , m_box(new WritingBox(
           look,
-          [this](double) {
+          [this] {
               updateGeometry();
               m_callbacks.onHeightChange();
           },

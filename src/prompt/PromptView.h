@@ -30,7 +30,7 @@ class WritingBox final : public QWidget
 public:
     static constexpr qreal cornerRadius = 14;
 
-    WritingBox(const Look &look, std::function<void(double)> heightChanged, QWidget *parent);
+    WritingBox(const Look &look, std::function<void()> heightChanged, QWidget *parent);
 
     [[nodiscard]] BareTextEditor &editor() { return *m_editor; }
     [[nodiscard]] double editorHeight() const { return m_editorHeight; }

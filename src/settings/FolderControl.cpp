@@ -26,7 +26,7 @@ FolderControl::FolderControl(AppState &state)
                            QPalette::WindowText))
     , m_path(new ElidedLabel(systemFont(FontSizes::detail), Look::tertiaryTextRole))
 {
-    auto *const button = new QPushButton(tr("Choose…"));
+    auto *const button = new QPushButton(Labels::withMnemonic(tr("Choose…")));
     button->setFont(systemFont(FontSizes::body));
     button->setAutoDefault(true);
     connect(button, &QPushButton::clicked, this, &FolderControl::pickFolder);

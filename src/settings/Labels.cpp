@@ -20,6 +20,11 @@ QLabel *Labels::plain(const QString &text, const QFont &font, QPalette::ColorRol
     return label;
 }
 
+QString Labels::withMnemonic(const QString &text)
+{
+    return u'&' + text;
+}
+
 ElidedLabel::ElidedLabel(const QFont &font, QPalette::ColorRole role)
 {
     setUp(*this, font, role);

@@ -11,6 +11,9 @@ namespace Labels
 /// Shows @p text as it stands, in the colour that the window's palette has for @p role. The caller
 /// gives it a parent.
 [[nodiscard]] QLabel *plain(const QString &text, const QFont &font, QPalette::ColorRole role);
+
+/// The text of a button that Alt and its first letter press, too.
+[[nodiscard]] QString withMnemonic(const QString &text);
 } // namespace Labels
 
 /// One line that leaves out its middle when it is too long for its place, and never asks for more

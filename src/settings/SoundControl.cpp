@@ -7,6 +7,7 @@
 #include "look/Look.h"
 #include "look/Symbol.h"
 #include "settings/ControlStyle.h"
+#include "settings/Labels.h"
 #include "settings/PopUp.h"
 
 #include <QAbstractItemView>
@@ -23,7 +24,7 @@ constexpr int symbolSide = 12;
 SoundControl::SoundControl(AppState &state)
     : m_state(state)
     , m_names(new PopUp(tr("Sound")))
-    , m_preview(new QPushButton(tr("Preview")))
+    , m_preview(new QPushButton(Labels::withMnemonic(tr("Preview"))))
 {
     m_names->setFont(systemFont(FontSizes::body));
     m_names->setFixedSize(namesWidth + 2, ControlStyle::outerHeight);

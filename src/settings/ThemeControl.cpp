@@ -4,6 +4,7 @@
 #include "core/AppState.h"
 #include "core/StateObserver.h"
 #include "look/Fonts.h"
+#include "settings/Labels.h"
 
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -24,7 +25,7 @@ ThemeControl::ThemeControl(AppState &state)
     layout->setSpacing(optionSpacing);
     const QStringList names{tr("Follow System"), tr("Light"), tr("Dark")};
     for (int index = 0; index < names.size(); ++index) {
-        auto *const option = new QRadioButton(names.at(index));
+        auto *const option = new QRadioButton(Labels::withMnemonic(names.at(index)));
         option->setFont(systemFont(FontSizes::body));
         m_options.addButton(option, index);
         layout->addWidget(option, 0, Qt::AlignLeft);

@@ -73,6 +73,22 @@ private slots:
         QVERIFY(contrast(look.primaryText, look.selection) >= 4.5);
     }
 
+    void highContrast_isHonoured()
+    {
+        TestDesktop desktop;
+        const Desktop capabilities = desktop.capabilities();
+        for (const ThemePreference theme : {ThemePreference::light, ThemePreference::dark}) {
+            desktop.wantsHighContrast = false;
+            const Look usual = look(theme, *capabilities.appearance);
+            desktop.wantsHighContrast = true;
+            const Look high = look(theme, *capabilities.appearance);
+            QVERIFY(contrast(high.secondaryText, high.windowBackground) >= 7);
+            QVERIFY(contrast(high.tertiaryText, high.windowBackground) >= 4.5);
+            QVERIFY(contrast(high.divider, high.windowBackground)
+                    > contrast(usual.divider, usual.windowBackground));
+        }
+    }
+
     void hint_isReadableOnGlass_overAnyWallpaper()
     {
         TestDesktop desktop;

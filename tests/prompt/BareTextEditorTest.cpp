@@ -130,15 +130,13 @@ private slots:
         QCOMPARE(m_editor->text(), u"a\nb\nc\uFFFD"_qs);
     }
 
-    void composing_isNotEmpty_andHidesThePlaceholder()
+    void composing_hidesThePlaceholder()
     {
         m_editor->setPlaceholderText(u"question"_qs);
         const QImage asking = m_editor->grab().toImage();
-        QVERIFY(m_editor->isEmpty());
         QInputMethodEvent composing(u" "_qs, {});
         QCoreApplication::sendEvent(m_editor, &composing);
         QVERIFY(m_editor->isComposing());
-        QVERIFY(!m_editor->isEmpty());
         QVERIFY(m_editor->grab().toImage() != asking);
     }
 

@@ -236,6 +236,16 @@ private slots:
         QCOMPARE(m_desktop->soundLog, QStringList{u"play Glass"_qs});
     }
 
+    void mnemonics_pressTheirButtons()
+    {
+        QTest::keyClick(window(), Qt::Key_P, Qt::AltModifier);
+        QTRY_COMPARE(m_desktop->soundLog, QStringList{u"play Purr"_qs});
+        QTest::keyClick(window(), Qt::Key_D, Qt::AltModifier);
+        QTRY_COMPARE((*m_state)->theme(), ThemePreference::dark);
+        QTest::keyClick(window(), Qt::Key_C, Qt::AltModifier);
+        QTRY_COMPARE(m_desktop->choosersOpened, 1);
+    }
+
     void popUp_hasItsNameForAScreenReader()
     {
         auto *const popUp = window()->findChild<QComboBox *>();

@@ -139,7 +139,7 @@ public:
     }
     [[nodiscard]] ColorScheme colorScheme() const override { return m_desktop.colorScheme; }
     [[nodiscard]] QColor accent() const override { return {}; }
-    [[nodiscard]] bool wantsHighContrast() const override { return false; }
+    [[nodiscard]] bool wantsHighContrast() const override { return m_desktop.wantsHighContrast; }
     [[nodiscard]] bool wantsReducedMotion() const override { return m_desktop.wantsReducedMotion; }
     void windowsWillOpen() override { }
 

@@ -48,6 +48,7 @@ public:
     ColorScheme colorScheme = ColorScheme::Light;
     void setColorScheme(ColorScheme scheme);
     bool wantsReducedMotion = true;
+    bool wantsHighContrast = false;
 
     /// What the chooser answers; the empty text cancels.
     QString chosenFolder;

@@ -15,7 +15,7 @@ const QString path = QStringLiteral("/org/tovla/Tovla");
 // A copy that is alive answers in milliseconds; one that was stopped keeps the name for ever.
 constexpr std::chrono::milliseconds patience = std::chrono::seconds(3);
 
-// Bus specification, org.freedesktop.DBus.RequestName.
+// What org.freedesktop.DBus.RequestName takes and answers.
 constexpr uint doNotQueue = 4;
 constexpr uint isOwnedByAnother = 3;
 } // namespace

@@ -19,7 +19,8 @@ public:
     void claim() override;
 
 public slots: // NOLINT(readability-redundant-access-specifiers): what is exported to the bus
-    /// The methods of org.freedesktop.Application (Desktop Entry Specification, D-Bus Activation).
+    /// The methods of org.freedesktop.Application (freedesktop.org, desktop entries, D-Bus
+    /// activation).
     void Activate(const QVariantMap &platformData);
     void Open(const QStringList &uris, const QVariantMap &platformData);
     void ActivateAction(const QString &action, const QVariantList &parameter,

@@ -2,6 +2,7 @@
 #include "platform/linux/Xcb.h"
 
 #include <QGuiApplication>
+#include <QHash>
 #include <QtGui/qguiapplication_platform.h>
 
 xcb_connection_t *Xcb::connection()
@@ -12,10 +13,14 @@ xcb_connection_t *Xcb::connection()
 
 xcb_atom_t Xcb::atom(const QByteArray &name)
 {
+    static QHash<QByteArray, xcb_atom_t> known;
+    if (const xcb_atom_t atom = known.value(name, XCB_ATOM_NONE); atom != XCB_ATOM_NONE) {
+        return atom;
+    }
     const auto cookie = xcb_intern_atom(connection(), 0, static_cast<uint16_t>(name.size()), name);
     const Owned<xcb_intern_atom_reply_t> reply(
         xcb_intern_atom_reply(connection(), cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    return known[name] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 int Xcb::screenNumber()

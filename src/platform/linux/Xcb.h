@@ -19,6 +19,7 @@ using Owned = std::unique_ptr<Reply, Free>;
 
 /// Null when the program does not run on X11. Owned by the toolkit.
 [[nodiscard]] xcb_connection_t *connection();
+/// Asks the server once for each name.
 [[nodiscard]] xcb_atom_t atom(const QByteArray &name);
 [[nodiscard]] xcb_window_t root();
 /// Of the display that we are connected to.
