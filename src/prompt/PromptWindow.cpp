@@ -86,7 +86,8 @@ void PromptWindow::centreOnScreenWithPointer()
     // On a screen that is too small the strip, which moves the card, still has to be on it.
     const int freeHeight = qMax(0, available.height() - frameHeight());
     const QPoint frameTopLeft = available.topLeft() + QPoint(freeWidth / 2, freeHeight / 3);
-    move(frameTopLeft - QPoint(m_shadow.left(), m_shadow.top()));
+    m_place = frameTopLeft - QPoint(m_shadow.left(), m_shadow.top());
+    move(m_place);
 }
 
 QRect PromptWindow::frame() const
@@ -106,6 +107,9 @@ void PromptWindow::setFrameHeight(int height)
 
 void PromptWindow::settle()
 {
+    // While X11 maps the window the toolkit may take it to be at the corner of the screen, and
+    // would send it there with its new size.
+    move(m_place);
     fit();
     m_isSettled = true;
 }

@@ -51,6 +51,8 @@ private:
     PromptGlassBackground m_background;
     PromptGlassBackground::Behind m_behind = PromptGlassBackground::Behind::Opaque;
     QMargins m_shadow;
+    /// Where the window opened; left to the user from then on.
+    QPoint m_place;
     TitleStrip *m_titleStrip = nullptr;
     PromptView *m_view = nullptr;
     QVariantAnimation m_heightAnimation;
