@@ -13,12 +13,6 @@ QColor white(double opacity)
     return QColor::fromRgbF(1, 1, 1, static_cast<float>(opacity));
 }
 
-QColor atOpacity(QColor color, double opacity)
-{
-    color.setAlphaF(color.alphaF() * static_cast<float>(opacity));
-    return color;
-}
-
 Look lightLook()
 {
     return {.scheme = ColorScheme::Light,
@@ -114,4 +108,10 @@ QColor mixed(const QColor &color, qreal fraction, const QColor &base)
     };
     return QColor::fromRgbF(part(color.redF(), base.redF()), part(color.greenF(), base.greenF()),
                             part(color.blueF(), base.blueF()));
+}
+
+QColor atOpacity(QColor color, double opacity)
+{
+    color.setAlphaF(color.alphaF() * static_cast<float>(opacity));
+    return color;
 }

@@ -55,5 +55,8 @@ inline const Tint purple{QColor(0xAF52DE), QColor(0xBF5AF2)};
 inline const Tint green{QColor(0x34C759), QColor(0x30D158)};
 } // namespace Tints
 
+/// @p color with the fraction @p opacity of its own opacity.
+[[nodiscard]] QColor atOpacity(QColor color, double opacity);
+
 /// @p fraction of @p color, and the rest of @p base.
 [[nodiscard]] QColor mixed(const QColor &color, qreal fraction, const QColor &base);

@@ -1,18 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "prompt/PromptGlassBackground.h"
 
+#include "look/Look.h"
 #include "look/Squircle.h"
 
 #include <QPainter>
-
-namespace
-{
-QColor atOpacity(QColor color, double opacity)
-{
-    color.setAlphaF(static_cast<float>(opacity));
-    return color;
-}
-} // namespace
 
 void PromptGlassBackground::paint(QPainter &painter, const QRectF &frame, Behind behind)
 {

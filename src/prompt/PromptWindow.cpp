@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "prompt/PromptWindow.h"
 
+#include "look/Screens.h"
 #include "look/Squircle.h"
 #include "prompt/TitleStrip.h"
 
 #include <QCloseEvent>
-#include <QCursor>
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QPainter>
-#include <QScreen>
 #include <QWindow>
 
 #include <chrono>
@@ -79,9 +78,7 @@ void PromptWindow::followDesktop()
 
 void PromptWindow::centreOnScreenWithPointer()
 {
-    const QScreen *screen = QGuiApplication::screenAt(QCursor::pos());
-    const QRect available
-        = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    const QRect available = availableAreaWithPointer();
     const int freeWidth = available.width() - PromptView::width;
     // On a screen that is too small the strip, which moves the card, still has to be on it.
     const int freeHeight = qMax(0, available.height() - frameHeight());

@@ -11,8 +11,6 @@ namespace
 {
 constexpr qreal controlRadius = 5;
 constexpr int buttonPadding = 12;
-/// Around the face: a rim above and at the sides, a little more of a shadow below.
-constexpr int faceMargin = 1;
 constexpr qreal focusRingWidth = 3;
 constexpr int radioSide = 14;
 constexpr int radioToText = 6;

@@ -12,8 +12,9 @@ class ControlStyle final : public QProxyStyle
 
 public:
     static constexpr int controlHeight = 22;
-    /// With the rim above and the shadow below.
-    static constexpr int outerHeight = controlHeight + 3;
+    /// Around a face there is a rim, and below it a little more of a shadow. Logical pixels.
+    static constexpr int faceMargin = 1;
+    static constexpr int outerHeight = controlHeight + 2 * faceMargin + 1;
 
     ControlStyle();
 

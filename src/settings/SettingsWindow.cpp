@@ -3,11 +3,9 @@
 
 #include "core/AppState.h"
 #include "core/StateObserver.h"
+#include "look/Screens.h"
 #include "settings/SettingsView.h"
 
-#include <QCursor>
-#include <QGuiApplication>
-#include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -42,8 +40,5 @@ void SettingsWindow::updateLook()
 
 void SettingsWindow::centreOnScreenWithPointer()
 {
-    const QScreen *screen = QGuiApplication::screenAt(QCursor::pos());
-    const QRect available
-        = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
-    move(available.center() - rect().center());
+    move(availableAreaWithPointer().center() - rect().center());
 }

@@ -10,8 +10,8 @@
 
 namespace
 {
+constexpr int faceMargin = ControlStyle::faceMargin;
 constexpr int stepperWidth = 15;
-constexpr int faceMargin = 1;
 constexpr int wheelNotch = 120;
 } // namespace
 
