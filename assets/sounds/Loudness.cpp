@@ -5,7 +5,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace Sounds
+namespace Synthesis
 {
 
 namespace
@@ -116,4 +116,4 @@ double momentaryLoudness(const Samples &samples)
     return loudnessOffset + loudestWindow(filtered(filtered(samples, headShelf()), lowCut()));
 }
 
-} // namespace Sounds
+} // namespace Synthesis

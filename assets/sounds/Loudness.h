@@ -3,7 +3,7 @@
 
 #include "Synthesis.h"
 
-namespace Sounds
+namespace Synthesis
 {
 
 // The highest absolute value, in decibels relative to full scale.
@@ -16,4 +16,4 @@ double loudestLevel(const Samples &samples);
 // momentary loudness. A sound shorter than the window is measured as if followed by silence.
 double momentaryLoudness(const Samples &samples);
 
-} // namespace Sounds
+} // namespace Synthesis

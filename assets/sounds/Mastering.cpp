@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace Sounds
+namespace Synthesis
 {
 
 namespace
@@ -88,4 +88,4 @@ Samples mastered(const Samples &raw)
     return driven(samples, std::sqrt(low * high));
 }
 
-} // namespace Sounds
+} // namespace Synthesis

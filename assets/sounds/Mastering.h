@@ -3,7 +3,7 @@
 
 #include "Synthesis.h"
 
-namespace Sounds
+namespace Synthesis
 {
 
 // Where every sound ends up: its highest sample in decibels relative to full scale, and the mean
@@ -18,4 +18,4 @@ Samples mastered(const Samples &raw);
 // The level mastering aims at, in decibels.
 double perceivedLevel(const Samples &samples);
 
-} // namespace Sounds
+} // namespace Synthesis

@@ -7,7 +7,7 @@
 
 #include <array>
 
-namespace Sounds
+namespace Synthesis
 {
 
 std::span<const Recipe> recipes()
@@ -29,4 +29,4 @@ Samples finished(const Recipe &recipe)
     return mastered(recipe.make());
 }
 
-} // namespace Sounds
+} // namespace Synthesis

@@ -6,7 +6,7 @@
 #include <span>
 #include <string_view>
 
-namespace Sounds
+namespace Synthesis
 {
 
 // A sound by name, and the function that makes it before mastering.
@@ -21,4 +21,4 @@ std::span<const Recipe> recipes();
 // The finished sound: made, then mastered.
 Samples finished(const Recipe &recipe);
 
-} // namespace Sounds
+} // namespace Synthesis

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "StruckSounds.h"
 
-namespace Sounds
+namespace Synthesis
 {
 
 // The cork comes out: the note leaps up as the neck opens, then the air in the bottle hums on.
@@ -106,4 +106,4 @@ Samples tink()
     return samples;
 }
 
-} // namespace Sounds
+} // namespace Synthesis

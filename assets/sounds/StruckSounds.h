@@ -3,7 +3,7 @@
 
 #include "Synthesis.h"
 
-namespace Sounds
+namespace Synthesis
 {
 
 // Bodies that are hit once and ring out.
@@ -15,4 +15,4 @@ Samples sosumi();
 Samples submarine();
 Samples tink();
 
-} // namespace Sounds
+} // namespace Synthesis

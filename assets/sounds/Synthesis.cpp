@@ -5,7 +5,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace Sounds
+namespace Synthesis
 {
 
 namespace
@@ -145,4 +145,4 @@ void addEcho(Samples &samples, double delay, double level, double corner)
     }
 }
 
-} // namespace Sounds
+} // namespace Synthesis

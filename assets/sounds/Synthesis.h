@@ -10,7 +10,7 @@
 #error "Relaxed floating point would make the sounds differ from one build to the next."
 #endif
 
-namespace Sounds
+namespace Synthesis
 {
 
 // Frames per second. Half of it is 16 kHz, which leaves every partial used here well clear of
@@ -128,4 +128,4 @@ Samples render(double duration, Function function)
     return samples;
 }
 
-} // namespace Sounds
+} // namespace Synthesis

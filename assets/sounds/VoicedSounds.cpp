@@ -5,7 +5,7 @@
 #include <cmath>
 #include <string_view>
 
-namespace Sounds
+namespace Synthesis
 {
 
 namespace
@@ -202,4 +202,4 @@ Samples purr()
     });
 }
 
-} // namespace Sounds
+} // namespace Synthesis

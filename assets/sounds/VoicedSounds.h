@@ -3,7 +3,7 @@
 
 #include "Synthesis.h"
 
-namespace Sounds
+namespace Synthesis
 {
 
 // Sounds that are blown, bowed, plucked or sung: rich in harmonics or in breath.
@@ -15,4 +15,4 @@ Samples hero();
 Samples morse();
 Samples purr();
 
-} // namespace Sounds
+} // namespace Synthesis

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <string_view>
 
-namespace Sounds
+namespace Synthesis
 {
 
 namespace
@@ -82,4 +82,4 @@ bool writeFile(const std::filesystem::path &path, const Bytes &bytes)
     return file.good();
 }
 
-} // namespace Sounds
+} // namespace Synthesis

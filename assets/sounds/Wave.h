@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <vector>
 
-namespace Sounds
+namespace Synthesis
 {
 
 using Bytes = std::vector<std::uint8_t>;
@@ -21,4 +21,4 @@ Bytes waveFile(const std::vector<std::int16_t> &frames);
 // Whether the file could be written as a whole.
 bool writeFile(const std::filesystem::path &path, const Bytes &bytes);
 
-} // namespace Sounds
+} // namespace Synthesis

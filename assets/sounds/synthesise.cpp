@@ -19,10 +19,10 @@ int failure(const std::string &message)
 
 int writeAll(const std::filesystem::path &directory)
 {
-    for (const Sounds::Recipe &recipe : Sounds::recipes()) {
+    for (const Synthesis::Recipe &recipe : Synthesis::recipes()) {
         const auto path = directory / (std::string(recipe.name) + ".wav");
-        const auto bytes = Sounds::waveFile(Sounds::quantised(Sounds::finished(recipe)));
-        if (!Sounds::writeFile(path, bytes)) {
+        const auto bytes = Synthesis::waveFile(Synthesis::quantised(Synthesis::finished(recipe)));
+        if (!Synthesis::writeFile(path, bytes)) {
             return failure("cannot write " + path.string());
         }
     }

@@ -6,7 +6,7 @@
 #include <numbers>
 #include <utility>
 
-namespace Sounds
+namespace Synthesis
 {
 
 namespace
@@ -85,4 +85,4 @@ double highestCorrelation(const Spectrum &first, const Spectrum &second)
     return highest / std::sqrt(energy(first) * energy(second));
 }
 
-} // namespace Sounds
+} // namespace Synthesis

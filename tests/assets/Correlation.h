@@ -6,7 +6,7 @@
 #include <complex>
 #include <vector>
 
-namespace Sounds
+namespace Synthesis
 {
 
 // The spectrum of a sound padded with silence to `size` frames, a power of two.
@@ -18,4 +18,4 @@ Spectrum spectrumOf(const Samples &samples, std::size_t size);
 // to at least the sum of the two lengths.
 double highestCorrelation(const Spectrum &first, const Spectrum &second);
 
-} // namespace Sounds
+} // namespace Synthesis

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/CanberraSounds.h"
+
+#include "core/AppState.h"
+
+#include <QTest>
+
+/// Looks only for files; nothing is played.
+class CanberraSoundsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everySoundThatCanBeChosen_hasItsFile()
+    {
+        CanberraSounds sounds;
+        for (const QString &name : AppState::availableSounds()) {
+            QVERIFY2(soundFilePath(name).endsWith(u"/sounds/tovla/stereo/%1.wav"_qs.arg(name)),
+                     qPrintable(name));
+            QVERIFY2(sounds.soundNamed(name), qPrintable(name));
+        }
+    }
+
+    void otherNames_areNoSound_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("empty") << QString();
+        QTest::newRow("unknown") << u"Bark"_qs;
+        QTest::newRow("of every desktop's theme") << u"bell"_qs;
+        QTest::newRow("another case") << u"purr"_qs;
+        QTest::newRow("a way out of the folder") << u"../stereo/Purr"_qs;
+        QTest::newRow("cut short") << u"Purr"_qs + QChar(QChar::Null);
+    }
+
+    void otherNames_areNoSound()
+    {
+        QFETCH(const QString, name);
+        CanberraSounds sounds;
+        QVERIFY(!sounds.soundNamed(name));
+        QCOMPARE(soundFilePath(name), QString());
+    }
+};
+
+QTEST_GUILESS_MAIN(CanberraSoundsTest)
+#include "CanberraSoundsTest.moc"
