@@ -7,6 +7,9 @@ import unittest
 from desktop import Desktop, output, visible_windows, wait_for
 
 QUESTION = "What would you like to note about this moment?"
+SETTINGS = "Tovla Settings"
+# The background of the settings in the two looks.
+LIGHT, DARK = "#ECECEC", "#323232"
 
 
 class DesktopCase(unittest.TestCase):
@@ -53,6 +56,19 @@ class DesktopCase(unittest.TestCase):
         wait_for(lambda: is_time(active_window_title()), "the prompt to be active")
         return editor
 
+    def open_settings(self, **preferences):
+        self.start(**preferences)
+        self.item.click("Settings…")
+        wait_for(lambda: active_window_title() == SETTINGS, "the settings to be active")
+
+    def wait_for_settings_background(self, color):
+        """Looks beside the rows; @p color as in "#ECECEC"."""
+        def background():
+            x, y, _, _ = geometry_of(SETTINGS)
+            return color_at(x + 12, y + 60)
+
+        wait_for(lambda: background() == color, f"the settings to be {color}")
+
     def prompt_titles(self):
         return [title for title in visible_titles() if is_time(title)]
 
@@ -92,9 +108,19 @@ def click(x, y, button=1):
     subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", str(button)], check=True)
 
 
+def color_at(x, y):
+    """The colour on the screen, as in "#ECECEC"."""
+    picture = output("import", "-window", "root", "-crop", f"1x1+{x}+{y}", "txt:-")
+    return re.search(r"#[0-9A-F]{6}", picture)[0]
+
+
 def geometry_of(title):
     """x, y, width and height on the screen of the visible window of that title."""
-    window = wait_for(lambda: visible_windows(title), f"the window {title!r}")[0]
+    return geometry(wait_for(lambda: visible_windows(title), f"the window {title!r}")[0])
+
+
+def geometry(window):
+    """x, y, width and height on the screen."""
     shell = output("xdotool", "getwindowgeometry", "--shell", str(window))
     values = dict(line.split("=") for line in shell.splitlines())
     return tuple(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))

@@ -1,20 +1,20 @@
 # SPDX-License-Identifier: MIT
 """What the desktop's settings portal tells, followed by the windows."""
-import re
 import unittest
 
 import dbus
 import dbus.service
 from dbus.mainloop.glib import DBusGMainLoop
 
-from case import DesktopCase, active_window_title, geometry_of
+import accessibility
+from case import (DARK, LIGHT, SETTINGS, DesktopCase, active_window_title, click, color_at,
+                  geometry, geometry_of, press_keys, visible_titles)
 from desktop import output, wait_for
 
 SERVICE = "org.freedesktop.portal.Desktop"
 PATH = "/org/freedesktop/portal/desktop"
 INTERFACE = "org.freedesktop.portal.Settings"
 SPACE = "org.freedesktop.appearance"
-LIGHT, DARK = "#ECECEC", "#323232"
 
 
 class Portal(dbus.service.Object):
@@ -56,6 +56,17 @@ def scheme(number):
     return dbus.UInt32(number, variant_level=1)
 
 
+def popup_geometry():
+    """Of the window that the program opened last; a popup has no title of its own."""
+    newest = output("xdotool", "search", "--onlyvisible", "--class", "^tovla$").split()
+    boxes = [geometry(number) for number in newest]
+    return min(boxes, key=lambda box: box[2] * box[3])
+
+
+def is_dark(color):
+    return all(int(color[index:index + 2], 16) < 0x80 for index in (1, 3, 5))
+
+
 class AppearanceTest(DesktopCase):
     def setUp(self):
         super().setUp()
@@ -66,44 +77,71 @@ class AppearanceTest(DesktopCase):
         if self.portal:
             self.portal.vanish()
 
-    def open_settings(self, **preferences):
-        self.start(**preferences)
-        self.item.click("Settings…")
-        wait_for(lambda: active_window_title() == "Tovla Settings", "the settings to be active")
+    def picture_of_settings(self):
+        x, y, width, height = geometry_of(SETTINGS)
+        return output("import", "-window", "root", "-crop", f"{width}x{height}+{x}+{y}",
+                      "-depth", "8", "txt:-")
 
-    def wait_for_background(self, color):
-        def background():
-            x, y, _, _ = geometry_of("Tovla Settings")
-            picture = output("import", "-window", "root", "-crop", f"1x1+{x + 12}+{y + 60}",
-                             "txt:-")
-            return re.search(r"#[0-9A-F]{6}", picture)[0]
-
-        wait_for(lambda: background() == color, f"the window to be {color}")
+    def wait_for_color(self, color, is_there=True):
+        wait_for(lambda: (color in self.picture_of_settings()) == is_there, f"the colour {color}")
 
     def test_dark_desktop_is_followed_and_its_changes_too(self):
         self.portal = Portal(**{"color-scheme": scheme(1)})
         self.open_settings()
-        self.wait_for_background(DARK)
+        self.wait_for_settings_background(DARK)
         self.portal.change("color-scheme", scheme(2))
-        self.wait_for_background(LIGHT)
+        self.wait_for_settings_background(LIGHT)
         self.portal.change("color-scheme", scheme(1))
-        self.wait_for_background(DARK)
+        self.wait_for_settings_background(DARK)
 
     def test_forced_appearance_does_not_follow(self):
         self.portal = Portal(**{"color-scheme": scheme(1)})
         self.open_settings(theme="light")
-        self.wait_for_background(LIGHT)
+        self.wait_for_settings_background(LIGHT)
+
+    def test_open_chooser_follows(self):
+        self.portal = Portal(**{"color-scheme": scheme(1)})
+        self.open_settings()
+        accessibility.press("Choose…")
+        accessibility.find("Choose")
+        wait_for(lambda: active_window_title() != SETTINGS, "the chooser to be active")
+        x, y, _, height = geometry_of(active_window_title())
+        for number, color in ((1, DARK), (2, LIGHT), (1, DARK)):
+            self.portal.change("color-scheme", scheme(number))
+            wait_for(lambda: color_at(x + 3, y + height // 2) == color, f"the chooser to be {color}")
+
+    def test_menu_and_list_look_like_their_window(self):
+        self.open_settings(theme="dark")
+        field = accessibility.find("Prompt Frequency", accessibility.Atspi.Role.TEXT)
+        for node, button, key in ((field, 3, "Escape"), (accessibility.find("Sound"), 1, "Escape")):
+            before = len(visible_titles())
+            box = node.get_component_iface().get_extents(accessibility.Atspi.CoordType.SCREEN)
+            click(box.x + box.width // 2, box.y + box.height // 2, button)
+            wait_for(lambda: len(visible_titles()) > before, "the popup")
+            x, y, width, height = popup_geometry()
+            wait_for(lambda: is_dark(color_at(x + width - 4, y + height // 2)), "a dark popup")
+            press_keys(key)
+            wait_for(lambda: len(visible_titles()) == before, "the popup to close")
+
+    def test_switching_repaints_all_of_the_window(self):
+        self.open_settings(theme="light")
+        light = self.picture_of_settings()
+        accessibility.press("Dark")
+        self.wait_for_settings_background(DARK)
+        accessibility.press("Light")
+        self.wait_for_settings_background(LIGHT)
+        wait_for(lambda: self.picture_of_settings() == light, "the window to be as it was")
 
     def test_portal_that_starts_later_is_asked(self):
         self.open_settings()
-        self.wait_for_background(LIGHT)
+        self.wait_for_settings_background(LIGHT)
         self.portal = Portal(**{"color-scheme": scheme(1)})
-        self.wait_for_background(DARK)
+        self.wait_for_settings_background(DARK)
 
     def test_portal_that_never_answers_means_light(self):
         self.portal = Portal(answers=False)
         self.open_settings()
-        self.wait_for_background(LIGHT)
+        self.wait_for_settings_background(LIGHT)
         self.open_prompt()
 
     def test_accent_colours_the_chosen_radio_button(self):
@@ -112,19 +150,21 @@ class AppearanceTest(DesktopCase):
                                                             variant_level=1)})
         self.open_settings()
 
-        def has_accent():
-            picture = self.desktop.home / "accent.png"
-            self.desktop.screenshot(picture)
-            return "#CC3333" in output("convert", str(picture), "-depth", "8", "-unique-colors",
-                                       "txt:-")
+        self.wait_for_color("#CC3333")
 
-        wait_for(has_accent, "the accent")
+    def test_high_contrast_is_followed(self):
+        black = "#000000"  # text is 85 % black otherwise
+        self.portal = Portal(**{"color-scheme": scheme(2), "contrast": scheme(1)})
+        self.open_settings()
+        self.wait_for_color(black)
+        self.portal.change("contrast", scheme(0))
+        self.wait_for_color(black, is_there=False)
 
     def test_nonsense_is_no_preference(self):
         self.portal = Portal(**{"color-scheme": dbus.String("dark", variant_level=1),
                                 "accent-color": dbus.Int32(7, variant_level=1)})
         self.open_settings()
-        self.wait_for_background(LIGHT)
+        self.wait_for_settings_background(LIGHT)
 
 
 if __name__ == "__main__":

@@ -1,29 +1,17 @@
 # SPDX-License-Identifier: MIT
 """The settings window, changed as a user changes it and read back from the preferences file."""
-import re
 import unittest
 
 import accessibility
-from case import (DesktopCase, active_window_title, click, geometry_of, press_keys, type_text,
-                  visible_titles)
+from case import (DARK, LIGHT, SETTINGS, DesktopCase, active_window_title, click, color_at,
+                  geometry_of, press_keys, type_text, visible_titles)
 from desktop import output, wait_for
 
 
 class SettingsTest(DesktopCase):
-    def open_settings(self, **preferences):
-        self.start(**preferences)
-        self.item.click("Settings…")
-        wait_for(lambda: active_window_title() == "Tovla Settings", "the settings to be active")
-
     def wait_for_preference(self, line):
         wait_for(lambda: self.desktop.preferences_file().exists()
                  and line in self.desktop.preferences_file().read_text().splitlines(), line)
-
-    def background(self):
-        """The colour beside the rows."""
-        x, y, _, _ = geometry_of("Tovla Settings")
-        picture = output("import", "-window", "root", "-crop", f"1x1+{x + 12}+{y + 60}", "txt:-")
-        return re.search(r"#[0-9A-F]{6}", picture)[0]
 
     def test_number_is_taken_on_return_and_clamped(self):
         self.open_settings()
@@ -45,7 +33,7 @@ class SettingsTest(DesktopCase):
         type_text("35")
         press_keys("ctrl+w")
         self.wait_for_preference("intervalMinutes=35")
-        wait_for(lambda: "Tovla Settings" not in visible_titles(), "the settings to close")
+        wait_for(lambda: SETTINGS not in visible_titles(), "the settings to close")
 
     def test_stepper_steps_by_five(self):
         self.open_settings(intervalMinutes=1438)
@@ -56,12 +44,12 @@ class SettingsTest(DesktopCase):
 
     def test_theme_is_seen_at_once(self):
         self.open_settings(theme="light")
-        wait_for(lambda: self.background() == "#ECECEC", "the light window")
+        self.wait_for_settings_background(LIGHT)
         accessibility.press("Dark")
         self.wait_for_preference("theme=dark")
-        wait_for(lambda: self.background() == "#323232", "the dark window")
+        self.wait_for_settings_background(DARK)
         accessibility.press("Light")
-        wait_for(lambda: self.background() == "#ECECEC", "the light window")
+        self.wait_for_settings_background(LIGHT)
         accessibility.press("Follow System")
         self.wait_for_preference("theme=system")
 
@@ -75,12 +63,12 @@ class SettingsTest(DesktopCase):
         self.open_settings()
         window = output("xdotool", "getactivewindow")
         output("xdotool", "windowmove", "--sync", window, "100", "150")
-        place = geometry_of("Tovla Settings")
+        place = geometry_of(SETTINGS)
         press_keys("ctrl+w")
-        wait_for(lambda: "Tovla Settings" not in visible_titles(), "the settings to close")
+        wait_for(lambda: SETTINGS not in visible_titles(), "the settings to close")
         self.item.click("Settings…")
-        wait_for(lambda: active_window_title() == "Tovla Settings", "the settings to be active")
-        wait_for(lambda: geometry_of("Tovla Settings") == place, f"the window at {place}")
+        wait_for(lambda: active_window_title() == SETTINGS, "the settings to be active")
+        wait_for(lambda: geometry_of(SETTINGS) == place, f"the window at {place}")
 
     def test_tab_goes_through_the_controls_in_order(self):
         self.open_settings()
