@@ -68,6 +68,7 @@ AppState::AppState(Desktop desktop)
     , m_theme(loadedTheme(*m_desktop.preferences))
     , m_soundName(loadedSoundName(*m_desktop.preferences))
 {
+    connect(m_desktop.clock.get(), &Clock::wasSet, this, &AppState::clockWasSet);
 }
 
 AppState::~AppState() = default;
@@ -138,6 +139,15 @@ void AppState::restartTimer()
             state->promptIsDue(interval);
         }
     });
+}
+
+void AppState::clockWasSet()
+{
+    // The timer goes by the time that passes, whatever the clock says.
+    if (m_timer) {
+        setNextPromptDate(
+            PromptSchedule::nextPromptDate(m_desktop.clock->now(), m_timer->remaining()));
+    }
 }
 
 void AppState::promptIsDue(std::chrono::seconds interval)

@@ -90,6 +90,7 @@ private:
     ~AppState() override;
 
     void promptIsDue(std::chrono::seconds interval);
+    void clockWasSet();
     void setNextPromptDate(const std::optional<QDateTime> &date);
     void closePrompt();
     /// Appends the note to the day file of @p openedAt (an instant in UTC). A failure is shown in

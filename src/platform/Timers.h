@@ -14,6 +14,9 @@ public:
     RepeatingTimer() = default;
     virtual ~RepeatingTimer() = default;
     Q_DISABLE_COPY_MOVE(RepeatingTimer)
+
+    /// Until the next call; a part of a second counts as a whole one.
+    [[nodiscard]] virtual std::chrono::seconds remaining() const = 0;
 };
 
 /// Makes timers that wake the program once an interval and never in between.

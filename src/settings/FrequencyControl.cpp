@@ -92,6 +92,8 @@ FrequencyControl::FrequencyControl(AppState &state)
     layout->addLayout(next);
 
     new StateObserver(state, this, [this] { refresh(); });
+    connect(state.desktop().clock.get(), &Clock::zoneChanged, this,
+            &FrequencyControl::showNextPrompt);
     showNumber();
     refresh();
 }

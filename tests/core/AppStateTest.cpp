@@ -192,6 +192,29 @@ private slots:
         QCOMPARE(desktop.timersMade, 1);
     }
 
+    void clockThatIsSet_movesTheDate_byWhatRemains()
+    {
+        TestDesktop desktop;
+        AppStateForTests state(desktop);
+        state->setFolderPath(u"/tmp/Journal"_qs);
+        const QDate day(2026, 11, 15);
+        desktop.timerRemaining = 45min;
+        desktop.setClock(QDateTime(day, QTime(20, 0), Qt::UTC));
+        QCOMPARE(state->nextPromptDate(), QDateTime(day, QTime(20, 45), Qt::UTC));
+        desktop.setClock(QDateTime(day, QTime(3, 0), Qt::UTC));
+        QCOMPARE(state->nextPromptDate(), QDateTime(day, QTime(3, 45), Qt::UTC));
+        QCOMPARE(desktop.timersMade, 1);
+        QVERIFY(!state.promptWindow());
+    }
+
+    void clockThatIsSet_changesNothingWithoutATimer()
+    {
+        TestDesktop desktop;
+        AppStateForTests state(desktop);
+        desktop.setClock(QDateTime(QDate(2027, 1, 1), QTime(0, 0), Qt::UTC));
+        QCOMPARE(state->nextPromptDate(), std::nullopt);
+    }
+
     void writeNow_leavesTheTimerAlone()
     {
         TestDesktop desktop;

@@ -29,6 +29,14 @@ private slots:
         QVERIFY(std::chrono::milliseconds(elapsed.elapsed()) >= 1s);
     }
 
+    void remainingTime_isCountedDown()
+    {
+        const auto timer = BootTimeTimers().repeat(1h, [] {});
+        QVERIFY(timer->remaining() <= 1h);
+        QVERIFY(timer->remaining() > 59min); // no test takes a minute
+        QTRY_VERIFY(timer->remaining() < 1h);
+    }
+
     void timer_firesWhileAMenuIsOpen()
     {
         QMenu menu;

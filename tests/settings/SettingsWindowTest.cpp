@@ -3,6 +3,7 @@
 #include "settings/SettingRow.h"
 #include "settings/SettingsView.h"
 #include "support/AppStateForTests.h"
+#include "support/TimeZone.h"
 
 #include <QAccessible>
 #include <QComboBox>
@@ -208,6 +209,15 @@ private slots:
         QVERIFY(label(u"11:05"_qs)); // 09:05 UTC and an hour, in Berlin
         (*m_state)->setFolderPath(QString());
         QTRY_VERIFY(!label(u"next at"_qs)->isVisible());
+    }
+
+    void nextPrompt_isShownInTheZoneOfNow()
+    {
+        const TimeZone berlin("Europe/Berlin");
+        (*m_state)->setFolderPath(u"/tmp/Journal"_qs);
+        QTRY_VERIFY(label(u"11:05"_qs));
+        m_desktop->setZone("Asia/Tokyo");
+        QTRY_VERIFY(label(u"19:05"_qs));
     }
 
     void radios_chooseTheTheme()

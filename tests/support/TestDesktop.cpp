@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/TestDesktop.h"
 
+#include "support/TimeZone.h"
+
 namespace
 {
 class TestClock final : public Clock
@@ -183,6 +185,11 @@ public:
     }
     Q_DISABLE_COPY_MOVE(TestTimer)
 
+    [[nodiscard]] std::chrono::seconds remaining() const override
+    {
+        return m_desktop.timerRemaining;
+    }
+
 private:
     TestDesktop &m_desktop;
 };
@@ -222,9 +229,22 @@ Desktop TestDesktop::capabilities()
     desktop.compositor = std::make_unique<TestCompositor>(*this);
     desktop.appearance = std::make_unique<TestAppearance>(*this);
     desktop.folderChooser = std::make_unique<InstantChooser>(*this);
+    m_clock = desktop.clock.get();
     m_compositor = desktop.compositor.get();
     m_appearance = desktop.appearance.get();
     return desktop;
+}
+
+void TestDesktop::setClock(const QDateTime &time)
+{
+    now = time;
+    emit m_clock->wasSet();
+}
+
+void TestDesktop::setZone(const char *name)
+{
+    TimeZone::use(name);
+    emit m_clock->zoneChanged();
 }
 
 void TestDesktop::setComposited(bool composited)

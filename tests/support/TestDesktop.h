@@ -29,10 +29,15 @@ public:
     [[nodiscard]] Desktop capabilities();
 
     QDateTime now{QDate(2026, 11, 15), QTime(9, 5), Qt::UTC};
+    /// As somebody who sets the clock while the program runs.
+    void setClock(const QDateTime &time);
+    void setZone(const char *name);
 
     /// The interval of the running timer; nothing while none runs.
     std::optional<std::chrono::seconds> timerInterval;
     int timersMade = 0;
+    /// What is left of the interval, as the running timer tells it.
+    std::chrono::seconds timerRemaining{0};
     void fireTimer() const { m_timerAction(); }
 
     QHash<QString, QString> stored;
@@ -61,6 +66,7 @@ private:
     friend class TestTimer;
 
     std::function<void()> m_timerAction;
+    QPointer<Clock> m_clock;
     QPointer<Compositor> m_compositor;
     QPointer<Appearance> m_appearance;
 };

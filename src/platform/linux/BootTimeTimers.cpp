@@ -30,6 +30,13 @@ public:
 
     Q_DISABLE_COPY_MOVE(BootTimeTimer)
 
+    [[nodiscard]] std::chrono::seconds remaining() const override
+    {
+        itimerspec setting{};
+        timerfd_gettime(m_descriptor, &setting);
+        return std::chrono::seconds(setting.it_value.tv_sec + (setting.it_value.tv_nsec > 0));
+    }
+
 private:
     void arm()
     {
