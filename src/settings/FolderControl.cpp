@@ -5,8 +5,8 @@
 #include "core/PathText.h"
 #include "core/StateObserver.h"
 #include "look/Fonts.h"
+#include "look/Labels.h"
 #include "look/Look.h"
-#include "settings/Labels.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>

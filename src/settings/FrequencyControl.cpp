@@ -3,11 +3,11 @@
 
 #include "core/AppState.h"
 #include "core/StateObserver.h"
+#include "look/ControlStyle.h"
 #include "look/Fonts.h"
+#include "look/Labels.h"
 #include "look/Look.h"
-#include "settings/ControlStyle.h"
 #include "settings/IntervalText.h"
-#include "settings/Labels.h"
 #include "settings/Stepper.h"
 
 #include <QContextMenuEvent>

@@ -2,9 +2,9 @@
 #include "settings/SettingRow.h"
 
 #include "look/Fonts.h"
+#include "look/Labels.h"
 #include "look/Squircle.h"
 #include "look/Symbol.h"
-#include "settings/Labels.h"
 
 #include <QHBoxLayout>
 #include <QPainter>

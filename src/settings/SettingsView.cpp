@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingsView.h"
 
-#include "settings/ControlStyle.h"
+#include "look/ControlStyle.h"
 #include "settings/FolderControl.h"
 #include "settings/FrequencyControl.h"
 #include "settings/SettingRow.h"

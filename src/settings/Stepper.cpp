@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/Stepper.h"
 
-#include "settings/ControlStyle.h"
+#include "look/ControlStyle.h"
 
 #include <QKeyEvent>
 #include <QPainter>

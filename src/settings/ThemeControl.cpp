@@ -4,7 +4,7 @@
 #include "core/AppState.h"
 #include "core/StateObserver.h"
 #include "look/Fonts.h"
-#include "settings/Labels.h"
+#include "look/Labels.h"
 
 #include <QRadioButton>
 #include <QVBoxLayout>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "settings/Labels.h"
+#include "look/Labels.h"
 #include "settings/SettingRow.h"
 #include "settings/SettingsView.h"
 #include "support/AppStateForTests.h"

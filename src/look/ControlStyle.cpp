@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "settings/ControlStyle.h"
+#include "look/ControlStyle.h"
 
 #include "look/Look.h"
 #include "look/Squircle.h"

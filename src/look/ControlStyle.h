@@ -3,7 +3,7 @@
 
 #include <QProxyStyle>
 
-/// How the controls of the settings window are drawn. Every colour comes from the palette that the
+/// How the controls of our windows are drawn. Every colour comes from the palette that the
 /// window's look makes, so one style serves both looks.
 class ControlStyle final : public QProxyStyle
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "settings/Labels.h"
+#include "look/Labels.h"
 
 #include <QPainter>
 

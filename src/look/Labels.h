@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QPalette>
 
-/// The texts of the settings window.
+/// The texts of our windows.
 namespace Labels
 {
 /// Shows @p text as it stands, in the colour that the window's palette has for @p role. The caller
