@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/BusRunningCopy.h"
 
-#include "platform/linux/SessionBus.h"
+#include "platform/linux/Bus.h"
 
 #include <QDBusConnection>
 
@@ -32,7 +32,7 @@ BusRunningCopy::BusRunningCopy()
 
 void BusRunningCopy::claim()
 {
-    if (!SessionBus::isConnected()) {
+    if (!QDBusConnection::sessionBus().isConnected()) {
         QMetaObject::invokeMethod(this, &RunningCopy::isFirst, Qt::QueuedConnection);
         return;
     }
@@ -42,7 +42,7 @@ void BusRunningCopy::claim()
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"));
     request << name << doNotQueue;
-    SessionBus::ask(request, this, [this](const QDBusMessage &reply) {
+    Bus::ask(QDBusConnection::sessionBus(), request, this, [this](const QDBusMessage &reply) {
         const uint outcome = reply.arguments().value(0).toUInt();
         if (reply.type() == QDBusMessage::ReplyMessage && outcome == isOwnedByAnother) {
             askOtherToComeForward();
@@ -58,8 +58,8 @@ void BusRunningCopy::askOtherToComeForward()
         name, path, QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
     activate << QVariantMap{
         {QStringLiteral("desktop-startup-id"), qEnvironmentVariable("DESKTOP_STARTUP_ID")}};
-    SessionBus::ask(
-        activate, this,
+    Bus::ask(
+        QDBusConnection::sessionBus(), activate, this,
         [this](const QDBusMessage &reply) {
             if (reply.type() == QDBusMessage::ErrorMessage) {
                 emit isStuck();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/PortalAppearance.h"
 
-#include "platform/linux/SessionBus.h"
+#include "platform/linux/Bus.h"
 
 #include <QDBusArgument>
 #include <QDBusConnection>
@@ -73,7 +73,7 @@ std::optional<ColorScheme> colorSchemeFrom(const QVariant &value)
 PortalAppearance::PortalAppearance()
 {
     qGuiApp->installEventFilter(this);
-    if (!SessionBus::isConnected()) {
+    if (!QDBusConnection::sessionBus().isConnected()) {
         return;
     }
     auto bus = QDBusConnection::sessionBus();
@@ -113,7 +113,7 @@ void PortalAppearance::readColorScheme()
 
 void PortalAppearance::windowsWillOpen()
 {
-    if (!m_isRestRead && SessionBus::isConnected()) {
+    if (!m_isRestRead && QDBusConnection::sessionBus().isConnected()) {
         readRest();
     }
 }
@@ -132,7 +132,7 @@ void PortalAppearance::read(const QString &space, const QString &key)
     auto call = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface,
                                                QStringLiteral("Read"));
     call << space << key;
-    SessionBus::ask(call, this, [this, key](const QDBusMessage &reply) {
+    Bus::ask(QDBusConnection::sessionBus(), call, this, [this, key](const QDBusMessage &reply) {
         if (reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty()) {
             take(key, unwrapped(reply.arguments().constFirst()));
         }

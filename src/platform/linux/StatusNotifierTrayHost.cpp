@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/StatusNotifierTrayHost.h"
 
+#include "platform/linux/Bus.h"
 #include "platform/linux/SelectionOwner.h"
-#include "platform/linux/SessionBus.h"
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
@@ -36,7 +36,7 @@ void StatusNotifierTrayHost::find()
 {
     qGuiApp->installEventFilter(this);
     QTimer::singleShot(graceForStatusNotifier, this, &StatusNotifierTrayHost::considerSystemTray);
-    if (SessionBus::isConnected()) {
+    if (QDBusConnection::sessionBus().isConnected()) {
         watchStatusNotifierHosts();
         askForStatusNotifierHost();
     } else {
@@ -95,7 +95,7 @@ void StatusNotifierTrayHost::askForStatusNotifierHost()
         watcherService, watcherPath, QStringLiteral("org.freedesktop.DBus.Properties"),
         QStringLiteral("Get"));
     question << watcherService << QStringLiteral("IsStatusNotifierHostRegistered");
-    SessionBus::ask(question, this, [this](const QDBusMessage &reply) {
+    Bus::ask(QDBusConnection::sessionBus(), question, this, [this](const QDBusMessage &reply) {
         if (reply.arguments().value(0).value<QDBusVariant>().variant().toBool()) {
             take(Protocol::StatusNotifier);
         } else {

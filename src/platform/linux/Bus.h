@@ -1,18 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QObject>
 
 #include <functional>
 
-/// Questions to other programs on the session bus that never make anybody wait.
-namespace SessionBus
+/// Questions to other programs on a bus that never make anybody wait.
+namespace Bus
 {
-[[nodiscard]] bool isConnected();
-
 /// Sends @p call; @p answered gets the reply or the error later, unless @p context dies first.
-/// Only to be used while connected: a dead connection would never answer.
-void ask(const QDBusMessage &call, QObject *context,
+/// Only to be used while @p bus is connected: a dead connection would never answer.
+void ask(const QDBusConnection &bus, const QDBusMessage &call, QObject *context,
          std::function<void(const QDBusMessage &reply)> answered, int timeoutMilliseconds = -1);
-} // namespace SessionBus
+} // namespace Bus
