@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QObject>
+#include <QVariantList>
+
+#include <functional>
+
+/// A package as PackageKit names it: "name;version;architecture;data".
+struct PackageId {
+    QString text;
+
+    [[nodiscard]] QString name() const { return text.section(u';', 0, 0); }
+    [[nodiscard]] QString version() const { return text.section(u';', 1, 1); }
+    /// The source that it comes from, or what is known of where it came from.
+    [[nodiscard]] QString data() const { return text.section(u';', 3); }
+};
+
+/// One transaction of PackageKit (org.freedesktop.PackageKit.Transaction), which runs one method
+/// and ends. It deletes itself after finished().
+class PackageKitTransaction final : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(PackageKitTransaction)
+
+public:
+    /// PK_INFO_ENUM: what is told of a package.
+    enum Info : uint { blocked = 9, installing = 12 };
+    /// PK_EXIT_ENUM
+    enum Exit : uint { success = 1, failed = 2, cancelled = 3 };
+    /// PK_ERROR_ENUM, as far as they lead to different answers.
+    enum Error : uint {
+        none = 0,
+        noNetwork = 2,
+        downloadFailed = 10,
+        transactionCancelled = 17,
+        cannotGetLock = 26,
+        notAuthorised = 48,
+        badSignature = 50,
+    };
+    /// PK_STATUS_ENUM
+    enum Status : uint {
+        waiting = 1,
+        statusDownload = 8,
+        statusInstall = 9,
+        statusUpdate = 10,
+        waitingForLock = 30,
+        waitingForAuthorisation = 31,
+    };
+
+    struct Package {
+        uint info = 0;
+        PackageId id;
+    };
+    struct Progress {
+        uint status = 0;
+        uint percentage = unknownPercentage;
+        qulonglong downloadSizeRemaining = 0;
+        bool allowsCancel = false;
+    };
+    struct Outcome {
+        uint exit = failed;
+        uint error = none;
+        QString errorText;
+        /// The daemon is not there, went away or did not answer.
+        bool isServiceGone = false;
+        QList<Package> packages;
+        /// The arguments of UpdateDetail.
+        QVariantList updateDetail;
+
+        [[nodiscard]] bool succeeded() const { return exit == success; }
+        [[nodiscard]] bool wasCancelled() const
+        {
+            return exit == cancelled || error == transactionCancelled;
+        }
+    };
+    static constexpr uint unknownPercentage = 101;
+
+    /// Runs @p method with @p arguments; @p finished gets the outcome, whatever happens, unless
+    /// this is deleted before.
+    PackageKitTransaction(QDBusConnection bus, QString method, QVariantList arguments,
+                          std::function<void(const Outcome &)> finished, QObject *parent);
+
+    [[nodiscard]] const Progress &progress() const { return m_progress; }
+    /// Whatever still happens is not told any more.
+    void forget();
+    /// Asks the daemon to stop; only to be called while it allows that.
+    void cancel();
+
+signals:
+    void progressChanged();
+
+private slots:
+    void takePackage(uint info, const QString &id, const QString &summary);
+    void takeUpdateDetail(const QDBusMessage &message);
+    void takeError(uint code, const QString &text);
+    void takeFinished(uint exit, uint runtime);
+    void takeDestroy();
+    void takeProperties(const QString &interface, const QVariantMap &changed,
+                        const QStringList &invalidated);
+
+private:
+    void create();
+    void run(const QDBusMessage &created);
+    void connectSignals();
+    void call(const QString &interface, const QString &method, const QVariantList &arguments,
+              std::function<void(const QDBusMessage &)> answered);
+    void takeProgress(const QVariantMap &properties);
+    void endByMessage(const QDBusMessage &error);
+    void end();
+
+    QDBusConnection m_bus;
+    QString m_method;
+    QVariantList m_arguments;
+    std::function<void(const Outcome &)> m_finished;
+    /// The daemon's own name on the bus: nobody else can speak for it, and no other is started for
+    /// a call that comes too late.
+    QString m_service;
+    QString m_path;
+    Progress m_progress;
+    Outcome m_outcome;
+    bool m_hasEnded = false;
+};

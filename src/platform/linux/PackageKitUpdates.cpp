@@ -1,0 +1,387 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/PackageKitUpdates.h"
+
+#include <QFileInfo>
+#include <QThread>
+
+#include <algorithm>
+
+namespace
+{
+using Stage = UpdateState::Stage;
+using Failure = UpdateState::Failure;
+using Transaction = PackageKitTransaction;
+
+// Bit fields of PackageKit: 1 << the number in PK_FILTER_ENUM and PK_TRANSACTION_FLAG_ENUM.
+constexpr qulonglong filterNone = 1U << 1U;
+constexpr qulonglong filterInstalled = 1U << 2U;
+constexpr qulonglong onlyTrusted = 1U << 1U;
+constexpr qulonglong simulated = 1U << 2U;
+
+constexpr qsizetype longestNotes = 20000;
+const QString connectionName = QStringLiteral("tovla-updates");
+
+QVariant bits(qulonglong value)
+{
+    return QVariant::fromValue(value);
+}
+
+/// Without the epoch and the packager's revision (Debian policy 5.6.12).
+QString upstreamVersion(const QString &packageVersion)
+{
+    const qsizetype start = packageVersion.indexOf(u':') + 1;
+    const qsizetype end = packageVersion.lastIndexOf(u'-');
+    return packageVersion.mid(start, end < start ? -1 : end - start);
+}
+
+const Transaction::Package *packageNamed(const QList<Transaction::Package> &packages,
+                                         const QString &name)
+{
+    const auto found = std::ranges::find_if(packages, [&name](const auto &package) {
+        return package.id.name() == name && package.info != Transaction::blocked;
+    });
+    return found == packages.end() ? nullptr : &*found;
+}
+
+/// What the source has to say about the update; nothing where it says nothing of its own.
+QString releaseNotes(const QVariantList &updateDetail)
+{
+    // org.freedesktop.PackageKit.Transaction, signal UpdateDetail
+    constexpr int updateText = 7;
+    constexpr int changelog = 8;
+    const QString written = updateDetail.value(changelog).toString().trimmed();
+    const bool isMissing = written.startsWith(u"Changelog for this version is not yet available");
+    return (written.isEmpty() || isMissing ? updateDetail.value(updateText).toString().trimmed()
+                                           : written)
+        .left(longestNotes);
+}
+
+/// PackageKit gives the same number to all that can be wrong with a source; what apt and gpgv say
+/// about it is always in English.
+bool isAboutSignatures(const QString &text)
+{
+    const QStringList words{QStringLiteral("BADSIG"), QStringLiteral("NO_PUBKEY"),
+                            QStringLiteral("EXPKEYSIG"), QStringLiteral("REVKEYSIG"),
+                            QStringLiteral("not signed")};
+    return std::ranges::any_of(words, [&text](const QString &word) { return text.contains(word); });
+}
+} // namespace
+
+PackageKitUpdates::PackageKitUpdates(QString programPath, QString version)
+    : m_programPath(std::move(programPath))
+    , m_version(std::move(version))
+    , m_bus(connectionName)
+{
+}
+
+void PackageKitUpdates::check()
+{
+    if (m_state.isUnderWay()) {
+        return;
+    }
+    m_own = {};
+    m_update = {};
+    m_errand = Stage::checking;
+    UpdateState state{.stage = Stage::checking};
+    state.canCancel = true;
+    set(state);
+    if (QFileInfo::exists(QStringLiteral("/.flatpak-info"))) {
+        fail(Failure::notManaged, {});
+    } else if (m_bus.isConnected()) {
+        findOwnPackage();
+    } else {
+        connectToBus();
+    }
+}
+
+void PackageKitUpdates::connectToBus()
+{
+    // A bus that hangs keeps whoever connects to it; so that is left to a thread of its own.
+    auto *const thread = QThread::create([] {
+        QDBusConnection::disconnectFromBus(connectionName);
+        QDBusConnection::connectToBus(QDBusConnection::SystemBus, connectionName);
+    });
+    connect(thread, &QThread::finished, thread, &QObject::deleteLater);
+    connect(thread, &QThread::finished, this, [this] {
+        m_bus = QDBusConnection(connectionName);
+        if (m_state.stage != Stage::checking) {
+            return;
+        }
+        if (m_bus.isConnected()) {
+            findOwnPackage();
+        } else {
+            fail(Failure::noService, m_bus.lastError().message());
+        }
+    });
+    thread->start();
+}
+
+void PackageKitUpdates::findOwnPackage()
+{
+    run(QStringLiteral("SearchFiles"), {bits(filterInstalled), QStringList{m_programPath}},
+        [this](const Outcome &outcome) {
+            if (!outcome.succeeded()) {
+                failToRetrieve(outcome);
+            } else if (outcome.packages.isEmpty()) {
+                fail(Failure::notManaged, {});
+            } else {
+                m_own = outcome.packages.constFirst().id;
+                if (upstreamVersion(m_own.version()) == m_version) {
+                    refreshLists();
+                } else {
+                    enter(Stage::replaced);
+                }
+            }
+        });
+}
+
+void PackageKitUpdates::refreshLists()
+{
+    run(QStringLiteral("RefreshCache"), {false}, [this](const Outcome &outcome) {
+        // Another source of the machine may be the one that failed; ours may have been refreshed.
+        m_refresh = outcome;
+        findUpdates();
+    });
+}
+
+void PackageKitUpdates::findUpdates()
+{
+    run(QStringLiteral("GetUpdates"), {bits(filterNone)}, [this](const Outcome &outcome) {
+        if (!outcome.succeeded()) {
+            failToRetrieve(outcome);
+        } else if (const auto *const ours = packageNamed(outcome.packages, m_own.name())) {
+            describe(ours->id);
+        } else if (!m_refresh.succeeded()) {
+            failToRetrieve(m_refresh);
+        } else {
+            explainNoUpdate();
+        }
+    });
+}
+
+void PackageKitUpdates::describe(const PackageId &update)
+{
+    m_update = update;
+    run(QStringLiteral("GetUpdateDetail"), {QStringList{update.text}},
+        [this](const Outcome &outcome) {
+            m_offer = {.stage = Stage::available};
+            m_offer.version = upstreamVersion(m_update.version());
+            m_offer.releaseNotes = releaseNotes(outcome.updateDetail);
+            offer();
+        });
+}
+
+void PackageKitUpdates::explainNoUpdate()
+{
+    // Asked only now: before its first refresh a machine knows no source of any package.
+    run(QStringLiteral("Resolve"), {bits(filterInstalled), QStringList{m_own.name()}},
+        [this](const Outcome &outcome) {
+            const auto *const ours = packageNamed(outcome.packages, m_own.name());
+            if (!ours) {
+                failToRetrieve(outcome);
+            } else if (upstreamVersion(ours->id.version()) != m_version) {
+                m_own = ours->id;
+                enter(Stage::replaced);
+            } else if (ours->id.data().endsWith(u":local") || ours->id.data() == u"local") {
+                fail(Failure::noSource, {});
+            } else {
+                enter(Stage::upToDate);
+            }
+        });
+}
+
+void PackageKitUpdates::install()
+{
+    if (m_state.stage == Stage::available) {
+        m_errand = Stage::installing;
+        simulate();
+    }
+}
+
+void PackageKitUpdates::simulate()
+{
+    enter(Stage::installing);
+    run(QStringLiteral("UpdatePackages"),
+        {bits(onlyTrusted | simulated), QStringList{m_update.text}},
+        [this](const Outcome &outcome) {
+            if (!outcome.succeeded()) {
+                failToInstall(outcome);
+                return;
+            }
+            QStringList others;
+            for (const auto &package : outcome.packages) {
+                const bool isNewDependency = package.info == Transaction::installing;
+                if (package.id.name() != m_own.name() && !isNewDependency) {
+                    others.append(package.id.name());
+                }
+            }
+            others.sort();
+            others.removeDuplicates();
+            if (others.isEmpty() || others == m_offer.otherPackages) {
+                installNow();
+            } else {
+                m_offer.otherPackages = others;
+                offer();
+            }
+        });
+}
+
+void PackageKitUpdates::installNow()
+{
+    run(QStringLiteral("UpdatePackages"), {bits(onlyTrusted), QStringList{m_update.text}},
+        [this](const Outcome &outcome) {
+            if (outcome.error == Transaction::notAuthorised) {
+                m_offer.wasNotAuthorised = true;
+                offer();
+            } else if (outcome.succeeded()) {
+                verifyInstallation();
+            } else {
+                failToInstall(outcome);
+            }
+        });
+}
+
+void PackageKitUpdates::verifyInstallation()
+{
+    // An update that PackageKit does not know is a success to it, with nothing done.
+    run(QStringLiteral("Resolve"), {bits(filterInstalled), QStringList{m_own.name()}},
+        [this](const Outcome &outcome) {
+            const auto *const ours = packageNamed(outcome.packages, m_own.name());
+            if (ours && upstreamVersion(ours->id.version()) != m_version) {
+                m_own = ours->id;
+                enter(Stage::updated);
+            } else {
+                fail(Failure::notInstalled, outcome.errorText);
+            }
+        });
+}
+
+void PackageKitUpdates::cancel()
+{
+    if (!m_state.isUnderWay() || !m_state.canCancel) {
+        return;
+    }
+    if (m_transaction && m_transaction->progress().allowsCancel) {
+        m_transaction->cancel();
+    }
+    if (m_errand == Stage::checking) {
+        // Nothing hangs on how a check ends; whatever it still says is not listened to.
+        if (m_transaction) {
+            m_transaction->forget();
+        }
+        set({});
+    }
+}
+
+void PackageKitUpdates::run(const QString &method, const QVariantList &arguments, Next next)
+{
+    m_transaction = new Transaction(
+        m_bus, method, arguments,
+        [this, next = std::move(next)](const Outcome &outcome) {
+            if (outcome.isServiceGone) {
+                fail(Failure::noService, outcome.errorText);
+            } else if (outcome.wasCancelled()) {
+                set({});
+            } else {
+                next(outcome);
+            }
+        },
+        this);
+    connect(m_transaction, &Transaction::progressChanged, this, &PackageKitUpdates::showProgress);
+    showProgress();
+}
+
+void PackageKitUpdates::showProgress()
+{
+    if (!m_state.isUnderWay()) {
+        return;
+    }
+    const Transaction::Progress &progress = m_transaction->progress();
+    UpdateState state{.stage = stageOf(progress.status)};
+    const bool isMeasured = progress.status >= Transaction::statusDownload
+        && progress.status <= Transaction::statusUpdate;
+    if (isMeasured && progress.percentage < Transaction::unknownPercentage) {
+        state.percentage = static_cast<int>(progress.percentage);
+    }
+    if (state.stage == Stage::downloading) {
+        const auto remaining = static_cast<qint64>(progress.downloadSizeRemaining);
+        state.downloadSize = qMax(m_state.downloadSize, remaining);
+        state.downloadedSize = state.downloadSize - remaining;
+    }
+    state.canCancel = m_errand == Stage::checking || progress.allowsCancel;
+    set(state);
+}
+
+Stage PackageKitUpdates::stageOf(uint status) const
+{
+    switch (status) {
+    case Transaction::waiting:
+    case Transaction::waitingForLock:
+        return Stage::waitingForOthers;
+    case Transaction::waitingForAuthorisation:
+        return Stage::waitingForAuthorisation;
+    case Transaction::statusDownload:
+        return m_errand == Stage::installing ? Stage::downloading : m_errand;
+    default:
+        return m_errand;
+    }
+}
+
+void PackageKitUpdates::enter(Stage stage)
+{
+    UpdateState state{.stage = stage};
+    state.version = upstreamVersion(m_own.version());
+    set(state);
+}
+
+void PackageKitUpdates::offer()
+{
+    set(m_offer);
+}
+
+void PackageKitUpdates::fail(Failure failure, const QString &details)
+{
+    UpdateState state{.stage = Stage::failed, .failure = failure, .details = details};
+    set(state);
+}
+
+void PackageKitUpdates::failToRetrieve(const Outcome &outcome)
+{
+    Failure failure = Failure::notRetrieved;
+    if (outcome.error == Transaction::noNetwork) {
+        failure = Failure::offline;
+    } else if (outcome.error == Transaction::cannotGetLock) {
+        failure = Failure::busy;
+    } else if (isAboutSignatures(outcome.errorText)) {
+        failure = Failure::improperlySigned;
+    }
+    fail(failure, outcome.errorText);
+}
+
+void PackageKitUpdates::failToInstall(const Outcome &outcome)
+{
+    Failure failure = Failure::notInstalled;
+    switch (outcome.error) {
+    case Transaction::noNetwork:
+        failure = Failure::offline;
+        break;
+    case Transaction::downloadFailed:
+    case Transaction::badSignature:
+        failure = Failure::notDownloaded;
+        break;
+    case Transaction::cannotGetLock:
+        failure = Failure::busy;
+        break;
+    default:
+        break;
+    }
+    fail(failure, outcome.errorText);
+}
+
+void PackageKitUpdates::set(const UpdateState &state)
+{
+    if (m_state != state) {
+        m_state = state;
+        emit changed();
+    }
+}
