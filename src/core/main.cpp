@@ -5,9 +5,10 @@
 
 #include <QApplication>
 
-int main(int argc, char *argv[])
+namespace
 {
-    Process::prepare();
+int run(int argc, char *argv[])
+{
     QApplication::setApplicationName(QStringLiteral("tovla"));
     QApplication::setApplicationVersion(QStringLiteral(TOVLA_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("org.tovla.Tovla"));
@@ -16,4 +17,11 @@ int main(int argc, char *argv[])
     installCatalogue();
     const TovlaApp tovla;
     return QApplication::exec();
+}
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    Process::prepare();
+    return Process::end(run(argc, argv), argv);
 }

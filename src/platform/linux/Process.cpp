@@ -2,10 +2,14 @@
 #include "platform/Process.h"
 
 #include <QCoreApplication>
+#include <QDBusConnection>
+#include <QFile>
 #include <QSocketNotifier>
 
 #include <csignal>
+#include <cstdio>
 #include <sys/signalfd.h>
+#include <unistd.h>
 
 namespace
 {
@@ -18,10 +22,19 @@ sigset_t endingSignals()
     }
     return ending;
 }
+
+QString &ownPath()
+{
+    static QString path;
+    return path;
+}
+
+bool isRestartWanted = false;
 } // namespace
 
 void Process::prepare()
 {
+    ownPath() = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
     // Wayland lets no window place, raise or float itself; through XWayland ours can.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "xcb;wayland");
@@ -32,6 +45,28 @@ void Process::prepare()
     // Before any thread is started, since each inherits the mask; endOnRequest reads them.
     const sigset_t ending = endingSignals();
     pthread_sigmask(SIG_BLOCK, &ending, nullptr);
+}
+
+QString Process::programPath()
+{
+    return ownPath();
+}
+
+void Process::restart()
+{
+    isRestartWanted = true;
+    QCoreApplication::quit();
+}
+
+int Process::end(int exitStatus, char *argv[])
+{
+    if (isRestartWanted) {
+        // The name that tells the one running copy must be free before the new one asks for it.
+        QDBusConnection::disconnectFromBus(QDBusConnection::sessionBus().name());
+        execv(QFile::encodeName(programPath()), argv);
+        std::perror("tovla: could not be started again");
+    }
+    return exitStatus;
 }
 
 void Process::endOnRequest()
