@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/AppDelegate.h"
 
-#include "core/AppState.h"
-
 #include <QGuiApplication>
 #include <QPointer>
 #include <QVariant>
@@ -12,11 +10,17 @@ namespace
 constexpr auto delegateProperty = "tovlaDelegate";
 } // namespace
 
+AppDelegate::AppDelegate(AppState &(*state)())
+    : m_updaterController(state)
+    , m_state(state)
+{
+}
+
 void AppDelegate::applicationDidFinishLaunching()
 {
     // The tray icon is all that there always is; windows come and go.
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    AppState::shared().start();
+    m_state().start();
 }
 
 QObject *applicationDelegate()

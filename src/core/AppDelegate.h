@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/UpdaterController.h"
+#include "core/AppState.h"
+#include "updates/UpdaterController.h"
 
 #include <QObject>
 
@@ -12,14 +13,16 @@ class AppDelegate final : public QObject
     Q_DISABLE_COPY_MOVE(AppDelegate)
 
 public:
-    AppDelegate() = default;
+    /// Makes the update controller before anything else; @p state is called only later.
+    explicit AppDelegate(AppState &(*state)() = &AppState::shared);
 
-    static void applicationDidFinishLaunching();
+    void applicationDidFinishLaunching();
 
     [[nodiscard]] UpdaterController &updaterController() { return m_updaterController; }
 
 private:
     UpdaterController m_updaterController;
+    AppState &(*m_state)();
 };
 
 /// The application object's delegate; null while it has none. Not owned by it.

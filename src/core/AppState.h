@@ -65,6 +65,8 @@ public:
     void restartTimer();
     /// Opens a prompt; does nothing at all while one is visible.
     void showPrompt();
+    /// The prompt that is open, or null. Owned here.
+    [[nodiscard]] QWidget *openPrompt() const;
     /// Plays the chosen sound, stopping one that still plays.
     void playSelectedSound();
     /// Opens the settings window or brings it to the front.

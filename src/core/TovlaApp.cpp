@@ -35,10 +35,8 @@ void TovlaApp::launch()
             [] { AppState::shared().showSettings(); });
     connect(m_runningCopy.get(), &RunningCopy::actionRequested, this, &TovlaApp::perform);
     connect(m_trayHost.get(), &TrayHost::found, this, &TovlaApp::showTrayItem);
-    connect(m_trayHost.get(), &TrayHost::settled, this,
+    connect(m_trayHost.get(), &TrayHost::settled, &m_appDelegate,
             &AppDelegate::applicationDidFinishLaunching);
-    connect(&m_appDelegate.updaterController(), &UpdaterController::checkRequested, this,
-            &TovlaApp::sayHowToUpdate);
     m_trayHost->find();
 }
 
@@ -70,15 +68,6 @@ void TovlaApp::popUpMenu()
         m_drawnMenu = std::make_unique<MenuContent>(AppState::shared(), MenuContent::Shown::ByUs);
     }
     m_drawnMenu->popup(QCursor::pos());
-}
-
-void TovlaApp::sayHowToUpdate()
-{
-    AppState::shared().desktop().alerts->warn(
-        tr("Tovla can't be updated from here."),
-        tr("This copy was not installed by your system's package manager. Update it the way it "
-           "was installed."),
-        nullptr);
 }
 
 void TovlaApp::perform(const QString &action)

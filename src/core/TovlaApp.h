@@ -27,7 +27,6 @@ private:
     void launch();
     void showTrayItem();
     void popUpMenu();
-    static void sayHowToUpdate();
     void perform(const QString &action);
 
     AppDelegate m_appDelegate;

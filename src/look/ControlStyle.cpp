@@ -61,6 +61,21 @@ void drawRadio(QPainter &painter, const QStyleOption &option)
     painter.restore();
 }
 
+/// The button that Return presses, while it can be pressed.
+bool isDefaultButton(const QStyleOption &option)
+{
+    const auto *const button = qstyleoption_cast<const QStyleOptionButton *>(&option);
+    return button && button->features.testFlag(QStyleOptionButton::DefaultButton)
+        && option.state.testFlag(QStyle::State_Enabled);
+}
+
+/// White, unless the accent is so light that black is seen better.
+QColor textOn(const QColor &accent)
+{
+    constexpr int lightest = 170;
+    return qGray(accent.rgb()) > lightest ? Qt::black : Qt::white;
+}
+
 /// The two arrows that tell a pop-up from a button.
 void drawPopUpArrows(QPainter &painter, const QStyleOption &option)
 {
@@ -84,6 +99,11 @@ void drawPopUpArrows(QPainter &painter, const QStyleOption &option)
 
 void ControlStyle::drawFace(QPainter &painter, const QStyleOption &option)
 {
+    drawFace(painter, option, option.palette.color(QPalette::Button));
+}
+
+void ControlStyle::drawFace(QPainter &painter, const QStyleOption &option, const QColor &face)
+{
     const bool isField = option.type == QStyleOption::SO_Frame;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -98,7 +118,7 @@ void ControlStyle::drawFace(QPainter &painter, const QStyleOption &option)
         painter.fillPath(
             squirclePath(rect.adjusted(-grown, -grown, grown, grown), controlRadius + grown), ring);
     }
-    fillFace(painter, rect, option.palette.color(QPalette::Button));
+    fillFace(painter, rect, face);
     if (option.state.testFlag(QStyle::State_Sunken) && !isField) {
         painter.fillPath(squirclePath(rect, controlRadius), shade(0.12));
     } else if (option.state.testFlag(QStyle::State_MouseOver) && !isField
@@ -116,8 +136,16 @@ ControlStyle::ControlStyle()
 void ControlStyle::drawControl(ControlElement element, const QStyleOption *option,
                                QPainter *painter, const QWidget *widget) const
 {
+    const bool isDefault = isDefaultButton(*option);
     if (element == CE_PushButtonBevel) {
-        drawFace(*painter, *option);
+        drawFace(*painter, *option,
+                 option->palette.color(isDefault ? QPalette::Link : QPalette::Button));
+        return;
+    }
+    if (element == CE_PushButtonLabel && isDefault) {
+        auto label = *qstyleoption_cast<const QStyleOptionButton *>(option);
+        label.palette.setColor(QPalette::ButtonText, textOn(option->palette.color(QPalette::Link)));
+        QProxyStyle::drawControl(element, &label, painter, widget);
         return;
     }
     QProxyStyle::drawControl(element, option, painter, widget);

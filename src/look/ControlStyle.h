@@ -20,6 +20,7 @@ public:
 
     /// The raised face that all controls share, in the state that @p option tells.
     static void drawFace(QPainter &painter, const QStyleOption &option);
+    static void drawFace(QPainter &painter, const QStyleOption &option, const QColor &face);
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget) const override;

@@ -4,7 +4,6 @@
 #include "core/AppDelegate.h"
 #include "core/AppState.h"
 #include "core/StateObserver.h"
-#include "core/UpdaterController.h"
 #include "menubar/MenuText.h"
 
 #include <QApplication>

@@ -9,6 +9,7 @@
 #include "platform/Preferences.h"
 #include "platform/Sounds.h"
 #include "platform/Timers.h"
+#include "platform/Updates.h"
 #include "platform/Windows.h"
 
 #include <memory>
@@ -24,6 +25,7 @@ struct Desktop {
     std::unique_ptr<Compositor> compositor;
     std::unique_ptr<Appearance> appearance;
     std::unique_ptr<FolderChooser> folderChooser;
+    std::unique_ptr<Updates> updates;
 
     /// The desktop of the platform that this was built for. Needs the application object; costs
     /// nothing that a capability does not need before its first use.

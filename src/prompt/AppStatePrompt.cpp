@@ -6,7 +6,7 @@
 
 void AppState::showPrompt()
 {
-    if (m_promptWindow && m_promptWindow->isVisible()) {
+    if (openPrompt()) {
         return;
     }
     closePrompt();
@@ -30,6 +30,11 @@ void AppState::showPrompt()
                                            .onHeightChange = {}}));
     playSelectedSound();
     m_desktop.windows->present(*m_promptWindow);
+}
+
+QWidget *AppState::openPrompt() const
+{
+    return m_promptWindow && m_promptWindow->isVisible() ? m_promptWindow.get() : nullptr;
 }
 
 void AppState::closePrompt()

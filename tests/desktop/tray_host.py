@@ -92,6 +92,7 @@ class TrayItem:
     """What the host draws of an item, and what the user can do with it."""
 
     def __init__(self, bus, name):
+        self.name = name
         self.item = bus.get_object(name, ITEM_PATH)
         self.menu = dbus.Interface(bus.get_object(name, MENU_PATH), MENU_INTERFACE)
 

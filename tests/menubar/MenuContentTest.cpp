@@ -2,11 +2,15 @@
 #include "menubar/MenuContent.h"
 
 #include "core/AppDelegate.h"
-#include "core/UpdaterController.h"
 #include "menubar/MenuText.h"
 #include "support/AppStateForTests.h"
 
 #include <QTest>
+
+namespace
+{
+AppState *shared = nullptr;
+} // namespace
 
 class MenuContentTest final : public QObject
 {
@@ -91,21 +95,19 @@ private slots:
         AppStateForTests state(desktop);
         const MenuContent menu(*state, MenuContent::Shown::ByUs);
         QAction *const check = menu.actions().at(5);
-        AppDelegate delegate;
-        int checks = 0;
-        connect(&delegate.updaterController(), &UpdaterController::checkRequested, this,
-                [&] { ++checks; });
+        shared = &*state;
+        AppDelegate delegate([]() -> AppState & { return *shared; });
 
         setApplicationDelegate(nullptr);
         check->trigger();
         QObject stranger;
         setApplicationDelegate(&stranger);
         check->trigger();
-        QCOMPARE(checks, 0);
+        QCOMPARE(desktop.updateLog, QStringList());
 
         setApplicationDelegate(&delegate);
         check->trigger();
-        QCOMPARE(checks, 1);
+        QCOMPARE(desktop.updateLog, QStringList{u"check"_qs});
     }
 };
 

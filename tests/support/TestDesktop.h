@@ -48,6 +48,11 @@ public:
     QStringList soundLog;
     QList<QPointer<QWidget>> presented;
 
+    /// What the user asked of the updates, in order: "check", "install", "cancel".
+    QStringList updateLog;
+    UpdateState updateState;
+    void setUpdateState(const UpdateState &state);
+
     bool isComposited = true;
     void setComposited(bool composited);
     ColorScheme colorScheme = ColorScheme::Light;
@@ -67,6 +72,7 @@ private:
 
     std::function<void()> m_timerAction;
     QPointer<Clock> m_clock;
+    QPointer<Updates> m_updates;
     QPointer<Compositor> m_compositor;
     QPointer<Appearance> m_appearance;
 };

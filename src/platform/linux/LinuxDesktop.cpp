@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Desktop.h"
+#include "platform/Process.h"
 #include "platform/linux/BootTimeTimers.h"
 #include "platform/linux/CanberraSounds.h"
 #include "platform/linux/FileDialogFolderChooser.h"
 #include "platform/linux/MessageBoxAlerts.h"
+#include "platform/linux/PackageKitUpdates.h"
 #include "platform/linux/PortalAppearance.h"
 #include "platform/linux/PreferencesFile.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/X11Compositor.h"
 #include "platform/linux/X11Windows.h"
+
+#include <QCoreApplication>
 
 Desktop Desktop::ofThisPlatform()
 {
@@ -22,5 +26,7 @@ Desktop Desktop::ofThisPlatform()
     desktop.compositor = std::make_unique<X11Compositor>();
     desktop.appearance = std::make_unique<PortalAppearance>();
     desktop.folderChooser = std::make_unique<FileDialogFolderChooser>(*desktop.windows);
+    desktop.updates = std::make_unique<PackageKitUpdates>(Process::programPath(),
+                                                          QCoreApplication::applicationVersion());
     return desktop;
 }

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "updates/TextBox.h"
+
+#include "look/Fonts.h"
+
+#include <QContextMenuEvent>
+#include <QMenu>
+
+namespace
+{
+constexpr int boxHeight = 150;
+} // namespace
+
+TextBox::TextBox(const QString &name, QWidget *parent)
+    : QPlainTextEdit(parent)
+{
+    setAccessibleName(name);
+    setReadOnly(true);
+    // With the keyboard too.
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setTabChangesFocus(true);
+    setFrameShape(QFrame::NoFrame);
+    setFont(systemFont(FontSizes::subheadline));
+    setFixedHeight(boxHeight);
+}
+
+void TextBox::contextMenuEvent(QContextMenuEvent *event)
+{
+    auto *const menu = createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setAttribute(Qt::WA_WindowPropagation);
+    menu->popup(event->globalPos());
+}

@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: MIT
+#include "updates/UpdateWindow.h"
+
+#include "look/ControlStyle.h"
+#include "look/Fonts.h"
+#include "look/Labels.h"
+#include "look/Look.h"
+#include "look/Screens.h"
+#include "platform/Desktop.h"
+#include "platform/Process.h"
+#include "updates/ProgressBar.h"
+#include "updates/TextBox.h"
+
+#include <QAccessible>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace
+{
+using Action = UpdatePage::Action;
+
+constexpr int windowWidth = 440;
+constexpr int padding = 24;
+constexpr int spacing = 8;
+constexpr int buttonSpacing = 12;
+
+/// A button that Return presses when it has the focus, as everybody expects of a dialogue.
+class DialogButton final : public QPushButton
+{
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+            click();
+        } else {
+            QPushButton::keyPressEvent(event);
+        }
+    }
+};
+void showButton(QPushButton &button, const UpdatePage::Button &contents)
+{
+    button.setText(Labels::withMnemonic(contents.text));
+    button.setVisible(contents.action != Action::none);
+}
+} // namespace
+
+UpdateWindow::UpdateWindow(const Desktop &desktop)
+    : QWidget(nullptr,
+              Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint
+                  | Qt::WindowCloseButtonHint)
+    , m_desktop(desktop)
+    , m_updates(*desktop.updates)
+    , m_column(new QVBoxLayout(this))
+    , m_headline(addText(FontSizes::headline, QPalette::WindowText))
+    , m_text(addText(FontSizes::body, QPalette::WindowText))
+    , m_bar(new ProgressBar(desktop.appearance->wantsReducedMotion(), this))
+    , m_remark(addText(FontSizes::body, QPalette::WindowText))
+    , m_notesTitle(addText(FontSizes::subheadline, Look::secondaryTextRole))
+    , m_notes(new TextBox(tr("Release Notes"), this))
+    , m_detailsButton(new DialogButton(Labels::withMnemonic(tr("Details")), this))
+    , m_details(new TextBox(tr("Details"), this))
+    , m_secondary(new DialogButton(this))
+    , m_primary(new DialogButton(this))
+{
+    setWindowTitle(tr("Software Update"));
+    layOut();
+    connect(&m_updates, &Updates::changed, this, &UpdateWindow::refresh);
+    connect(desktop.appearance.get(), &Appearance::changed, this, &UpdateWindow::updateLook);
+    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
+    updateLook();
+    refresh();
+    adjustSize();
+    move(availableAreaWithPointer().center() - rect().center());
+}
+
+QLabel *UpdateWindow::addText(int fontSize, QPalette::ColorRole role)
+{
+    auto *const label = Labels::plain({}, systemFont(fontSize), role);
+    label->setParent(this);
+    label->setWordWrap(true);
+    return label;
+}
+
+void UpdateWindow::layOut()
+{
+    m_headline->setFont(systemFont(FontSizes::headline, QFont::DemiBold));
+    m_notesTitle->setText(tr("Release Notes:"));
+    m_column->setContentsMargins(padding, padding, padding, padding);
+    m_column->setSpacing(spacing);
+    m_column->setSizeConstraint(QLayout::SetFixedSize);
+    m_column->addStrut(windowWidth - 2 * padding);
+    for (QWidget *const each :
+         {static_cast<QWidget *>(m_headline), static_cast<QWidget *>(m_text),
+          static_cast<QWidget *>(m_bar), static_cast<QWidget *>(m_remark),
+          static_cast<QWidget *>(m_notesTitle), static_cast<QWidget *>(m_notes),
+          static_cast<QWidget *>(m_details)}) {
+        m_column->addWidget(each);
+    }
+    addButtons();
+
+    auto *const style = new ControlStyle;
+    style->setParent(this);
+    const auto controls = findChildren<QPushButton *>();
+    for (QPushButton *const control : controls) {
+        control->setStyle(style);
+        control->setFont(systemFont(FontSizes::body));
+    }
+}
+
+void UpdateWindow::addButtons()
+{
+    auto *const row = new QHBoxLayout;
+    row->setContentsMargins(0, spacing, 0, 0);
+    row->setSpacing(buttonSpacing);
+    row->addWidget(m_detailsButton);
+    row->addStretch();
+    row->addWidget(m_secondary);
+    row->addWidget(m_primary);
+    m_column->addLayout(row);
+
+    m_primary->setDefault(true);
+    m_detailsButton->setCheckable(true);
+    connect(m_detailsButton, &QPushButton::toggled, m_details, &QWidget::setVisible);
+    connect(m_secondary, &QPushButton::clicked, this, [this] { perform(m_page.secondary.action); });
+    connect(m_primary, &QPushButton::clicked, this, [this] { perform(m_page.primary.action); });
+}
+
+void UpdateWindow::updateLook()
+{
+    setPalette(look(ThemePreference::system, *m_desktop.appearance).palette());
+}
+
+void UpdateWindow::refresh()
+{
+    if (m_updates.state().stage == UpdateState::Stage::idle) {
+        hide();
+        return;
+    }
+    showPage(UpdatePage::of(m_updates.state(),
+                            {QCoreApplication::applicationVersion(), Process::programPath()},
+                            QLocale::system()));
+}
+
+void UpdateWindow::showPage(const UpdatePage &page)
+{
+    const bool isAnotherPage = page.headline != m_page.headline || page.primary != m_page.primary;
+    m_page = page;
+    const auto showText = [](QLabel *label, const QString &text) {
+        label->setText(text);
+        label->setVisible(!text.isEmpty());
+    };
+    showText(m_headline, page.headline);
+    showText(m_text, page.text);
+    showText(m_remark, page.remark);
+    m_bar->setVisible(page.hasBar);
+    m_bar->setPercentage(page.percentage);
+    m_bar->setAccessibleName(page.headline);
+    m_notesTitle->setVisible(!page.releaseNotes.isEmpty());
+    m_notes->setVisible(!page.releaseNotes.isEmpty());
+    m_detailsButton->setVisible(!page.details.isEmpty());
+    showButton(*m_primary, page.primary);
+    showButton(*m_secondary, page.secondary);
+    m_secondary->setEnabled(page.secondary.action != Action::cancel || page.canCancel);
+    if (isAnotherPage) {
+        m_notes->setPlainText(page.releaseNotes);
+        m_details->setPlainText(page.details);
+        m_detailsButton->setChecked(false);
+        m_details->hide();
+        (m_primary->isVisibleTo(this) ? m_primary : m_secondary)->setFocus();
+        tellScreenReader();
+    }
+}
+
+void UpdateWindow::perform(Action action)
+{
+    switch (action) {
+    case Action::none:
+        break;
+    case Action::close:
+        close();
+        break;
+    case Action::cancel:
+        m_updates.cancel();
+        break;
+    case Action::install:
+        m_updates.install();
+        break;
+    case Action::restart:
+        hide();
+        emit restartRequested();
+        break;
+    }
+}
+
+void UpdateWindow::tellScreenReader()
+{
+    m_headline->setAccessibleDescription(m_page.text);
+    QAccessibleEvent event(m_headline, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+}
+
+void UpdateWindow::closeEvent(QCloseEvent *event)
+{
+    // What cannot be stopped goes on, and the menu's item brings it back to sight.
+    m_updates.cancel();
+    QWidget::closeEvent(event);
+}
+
+void UpdateWindow::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape) {
+        const bool hasSecondary = m_page.secondary.action != Action::none;
+        (hasSecondary ? m_secondary : m_primary)->click();
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        m_primary->click();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}

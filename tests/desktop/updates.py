@@ -1,0 +1,50 @@
+# SPDX-License-Identifier: MIT
+"""A system bus of the tests' own, with a stand-in for the update service on it."""
+import json
+import os
+import subprocess
+import sys
+from pathlib import Path
+
+from desktop import wait_for
+
+STAND_IN = Path(__file__).resolve().parent.parent / "support" / "packagekit.py"
+VERSION = os.environ.get("TOVLA_VERSION", "0.1.0")
+NEWER = "9.9"
+INSTALLED = [1, f"tovla;{VERSION};amd64;manual:tovla-stable-main"]
+UPDATE = [5, f"tovla;{NEWER};amd64;tovla-stable-main"]
+UP_TO_DATE = {"SearchFiles": [{"packages": [INSTALLED]}],
+              "Resolve": [{"packages": [INSTALLED]}]}
+OFFER = {"SearchFiles": [{"packages": [INSTALLED]}],
+         "GetUpdates": [{"packages": [UPDATE]}],
+         "GetUpdateDetail": [{"detail": ["", "* The card remembers where you dragged it.\n"
+                                             "* Two new alert sounds: Drum and Harp."]}],
+         "Simulate": [{"packages": [[11, UPDATE[1]]]}],
+         "Resolve": [{"packages": [[1, f"tovla;{NEWER};amd64;manual:tovla-stable-main"]]}]}
+
+
+def start_system_bus(desktop):
+    bus = desktop.start("dbus-daemon", "--session", "--nofork", "--print-address=1",
+                        stdout=subprocess.PIPE, text=True)
+    os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = bus.stdout.readline().strip()
+
+
+class UpdateService:
+    def __init__(self, desktop, scenario):
+        self.process = desktop.start(sys.executable, str(STAND_IN), json.dumps(scenario),
+                                     stdout=subprocess.PIPE, text=True)
+        assert self.process.stdout.readline() == "ready\n"
+        os.set_blocking(self.process.stdout.fileno(), False)
+        self.lines = []
+
+    def calls(self):
+        """The names of the methods called so far."""
+        self.lines += self.process.stdout.readlines()
+        return [json.loads(line)[0] for line in self.lines]
+
+    def wait_for_call(self, method, count=1):
+        wait_for(lambda: self.calls().count(method) == count, f"{method} to be called")
+
+    def stop(self):
+        self.process.kill()
+        self.process.wait()

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#include "updates/UpdaterController.h"
+
+#include "support/AppStateForTests.h"
+#include "support/EventLoopMeter.h"
+#include "updates/UpdateWindow.h"
+
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTest>
+
+using Stage = UpdateState::Stage;
+
+namespace
+{
+AppState *state = nullptr;
+} // namespace
+
+/// The window of the updates, with updates that only note what is asked of them.
+class UpdaterControllerTest final : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_desktop = std::make_unique<TestDesktop>();
+        m_state = std::make_unique<AppStateForTests>(*m_desktop);
+        state = &**m_state;
+        m_controller = std::make_unique<UpdaterController>([]() -> AppState & { return *state; });
+    }
+    void cleanup()
+    {
+        m_controller.reset();
+        m_state.reset();
+    }
+
+    void check_isStarted_andTheWindowPresented()
+    {
+        QVERIFY(!m_controller->window());
+        check({.stage = Stage::checking});
+        QCOMPARE(m_desktop->updateLog, QStringList{u"check"_qs});
+        QCOMPARE(m_desktop->presented.constLast(), m_controller->window());
+        QVERIFY(progressBar()->isVisible());
+        QVERIFY(!button(u"&Cancel"_qs)->isEnabled());
+    }
+
+    void offerThatIsShown_isNotReplacedByANewCheck()
+    {
+        check({.stage = Stage::checking});
+        m_desktop->setUpdateState({.stage = Stage::available});
+        m_controller->checkForUpdates();
+        QCOMPARE(m_desktop->updateLog, QStringList{u"check"_qs});
+        window()->close();
+        m_controller->checkForUpdates();
+        QCOMPARE(m_desktop->updateLog.filter(u"check"_qs).size(), 2);
+    }
+
+    void keys_pressTheButtons()
+    {
+        check({.stage = Stage::available});
+        QTest::keyClick(window(), Qt::Key_Return);
+        QCOMPARE(m_desktop->updateLog.constLast(), u"install"_qs);
+        QTest::keyClick(window(), Qt::Key_Escape);
+        QVERIFY(!window()->isVisible());
+        QVERIFY(!m_desktop->updateLog.contains(u"restart"_qs));
+    }
+
+    void focusedButton_isWhatReturnPresses()
+    {
+        check({.stage = Stage::available});
+        QPushButton *const later = button(u"&Remind Me Later"_qs);
+        later->setFocus();
+        QTest::keyClick(later, Qt::Key_Return);
+        QVERIFY(!m_desktop->updateLog.contains(u"install"_qs));
+        QVERIFY(!window()->isVisible());
+    }
+
+    void cancelledCheck_closesTheWindow()
+    {
+        UpdateState checking{.stage = Stage::checking};
+        checking.canCancel = true;
+        check(checking);
+        QTest::keyClick(window(), Qt::Key_Escape);
+        QCOMPARE(m_desktop->updateLog.constLast(), u"cancel"_qs);
+        m_desktop->setUpdateState({});
+        QVERIFY(!window()->isVisible());
+    }
+
+    void textsOfOthers_arePlain_andReadOnly()
+    {
+        UpdateState offer{.stage = Stage::available};
+        offer.releaseNotes = u"<img src='http://example.org'> <b>bold</b>"_qs;
+        check(offer);
+        const auto *const notes = window()->findChild<QPlainTextEdit *>();
+        QVERIFY(notes->isVisible());
+        QVERIFY(notes->isReadOnly());
+        QCOMPARE(notes->toPlainText(), offer.releaseNotes);
+    }
+
+    void details_areSeenOnRequestOnly()
+    {
+        UpdateState failed{.stage = Stage::failed};
+        failed.failure = UpdateState::Failure::notRetrieved;
+        failed.details = u"what the engine says"_qs;
+        check(failed);
+        const auto boxes = window()->findChildren<QPlainTextEdit *>();
+        QVERIFY(!boxes.at(0)->isVisible() && !boxes.at(1)->isVisible());
+        QTest::mouseClick(button(u"&Details"_qs), Qt::LeftButton);
+        QVERIFY(boxes.at(1)->isVisible());
+        QCOMPARE(boxes.at(1)->toPlainText(), failed.details);
+    }
+
+    void window_followsTheSystem()
+    {
+        check({.stage = Stage::upToDate});
+        const auto background = [this] { return window()->grab().toImage().pixelColor(3, 3); };
+        QCOMPARE(background(), QColor(0xECECEC));
+        (*m_state)->setTheme(ThemePreference::dark);
+        m_desktop->setColorScheme(ColorScheme::Dark);
+        QCOMPARE(background(), QColor(0x323232));
+    }
+
+    void longestTexts_keepTheEventLoopFree()
+    {
+        check({.stage = Stage::checking});
+        QVERIFY(QTest::qWaitForWindowExposed(window()));
+        EventLoopMeter meter;
+        meter.start();
+        UpdateState offer{.stage = Stage::available};
+        offer.releaseNotes = u"All work and no play.\n"_qs.repeated(900);
+        QMetaObject::invokeMethod(
+            this, [&] { m_desktop->setUpdateState(offer); }, Qt::QueuedConnection);
+        QTRY_VERIFY(window()->findChild<QPlainTextEdit *>()->isVisible());
+        QVERIFY(QTest::qWaitForWindowExposed(window()));
+        QVERIFY2(meter.longestTurn() < std::chrono::milliseconds(16),
+                 qPrintable(QString::number(meter.longestTurn().count())));
+    }
+
+private:
+    void check(const UpdateState &state)
+    {
+        m_desktop->updateState = state;
+        m_controller->checkForUpdates();
+    }
+    [[nodiscard]] UpdateWindow *window() const { return m_controller->window(); }
+    [[nodiscard]] QProgressBar *progressBar() const
+    {
+        return window()->findChild<QProgressBar *>();
+    }
+    [[nodiscard]] QPushButton *button(const QString &text) const
+    {
+        for (auto *const each : window()->findChildren<QPushButton *>()) {
+            if (each->text() == text) {
+                return each;
+            }
+        }
+        return nullptr;
+    }
+
+    std::unique_ptr<TestDesktop> m_desktop;
+    std::unique_ptr<AppStateForTests> m_state;
+    std::unique_ptr<UpdaterController> m_controller;
+};
+
+QTEST_MAIN(UpdaterControllerTest)
+#include "UpdaterControllerTest.moc"
