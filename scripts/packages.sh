@@ -13,7 +13,7 @@ test_packages="$virtual_desktop_packages at-spi2-core gir1.2-atspi-2.0 python3-d
     python3-numpy libglib2.0-bin xterm libfaketime fonts-dejavu-core pulseaudio pulseaudio-utils"
 check_packages="clang-format clang-tidy valgrind"
 package_packages="dpkg-dev file git"
-package_check_packages="lintian appstream desktop-file-utils man-db mmdebstrap"
+package_check_packages="lintian appstream desktop-file-utils mmdebstrap"
 
 as_root() {
     if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
