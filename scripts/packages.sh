@@ -2,7 +2,7 @@
 # To be sourced: what Tovla needs from Debian, and how what is missing is installed.
 
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-tools-dev qt6-tools-dev-tools
-    qt6-l10n-tools libxcb1-dev libxcb-xfixes0-dev libcanberra-dev"
+    qt6-l10n-tools libxcb1-dev libxcb-xfixes0-dev libcanberra-dev python3"
 # The program draws its symbols through Qt's SVG plugin, which newer releases package apart.
 run_packages="libqt6svg6 hicolor-icon-theme libcanberra0 libcanberra-pulse"
 apt-cache show qt6-svg-plugins >/dev/null 2>&1 && run_packages="$run_packages qt6-svg-plugins"
@@ -12,6 +12,8 @@ virtual_desktop_packages="xvfb openbox picom dbus dbus-daemon xfce4-panel xdotoo
 test_packages="$virtual_desktop_packages at-spi2-core gir1.2-atspi-2.0 python3-dbus python3-gi
     python3-numpy libglib2.0-bin xterm libfaketime fonts-dejavu-core pulseaudio pulseaudio-utils"
 check_packages="clang-format clang-tidy valgrind"
+package_packages="dpkg-dev file git"
+package_check_packages="lintian appstream desktop-file-utils mmdebstrap"
 
 as_root() {
     if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
