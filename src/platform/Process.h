@@ -9,6 +9,7 @@ namespace Process
 void prepare();
 
 /// Called once the event loop can be told to end: from now on a wish of the system to end the
-/// program ends it through the event loop.
+/// program ends it through the event loop, and the end of a session does not make the next one
+/// start it.
 void endOnRequest();
 } // namespace Process

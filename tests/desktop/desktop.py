@@ -33,7 +33,7 @@ class Desktop:
 
     def _start(self, window_manager, compositor, size, scale, tray):
         self._set_environment(scale)
-        self._start_display(size)
+        _, os.environ["DISPLAY"] = self.start_display(size)
         self._start_bus()
         # Another one than openbox can be tried by hand: TOVLA_TEST_WINDOW_MANAGER="xfwm4".
         self.start(window_manager or os.environ.get("TOVLA_TEST_WINDOW_MANAGER", "openbox"))
@@ -64,13 +64,14 @@ class Desktop:
         if scale:
             os.environ["QT_SCALE_FACTOR"] = str(scale)
 
-    def _start_display(self, size):
+    def start_display(self, size):
+        """Returns the server's process and the display's name."""
         reader, writer = os.pipe()
-        self.start("Xvfb", "-displayfd", str(writer), "-screen", "0", size + "x24",
-                   "-nolisten", "tcp", "-noreset", pass_fds=[writer])
+        server = self.start("Xvfb", "-displayfd", str(writer), "-screen", "0", size + "x24",
+                            "-nolisten", "tcp", "-noreset", pass_fds=[writer])
         os.close(writer)
         with os.fdopen(reader) as numbers:
-            os.environ["DISPLAY"] = ":" + numbers.readline().strip()
+            return server, ":" + numbers.readline().strip()
 
     def _start_bus(self):
         bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address=1",
