@@ -45,5 +45,8 @@ void SettingsWindow::centreOnScreenWithPointer()
     const QScreen *screen = QGuiApplication::screenAt(QCursor::pos());
     const QRect available
         = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
-    move(available.center() - rect().center());
+    // On a screen that is too small the title bar still has to be on it.
+    move(available.topLeft()
+         + QPoint(qMax(0, available.width() - width()), qMax(0, available.height() - height()))
+             / 2);
 }

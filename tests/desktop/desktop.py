@@ -36,10 +36,9 @@ class Desktop:
         _, os.environ["DISPLAY"] = self.start_display(size)
         self._start_bus()
         # Another one than openbox can be tried by hand: TOVLA_TEST_WINDOW_MANAGER="xfwm4".
-        self.start(window_manager or os.environ.get("TOVLA_TEST_WINDOW_MANAGER", "openbox"))
-        # Window managers announce themselves early, but list windows only once they manage them.
-        wait_for(lambda: "window id" in output("xprop", "-root", "_NET_CLIENT_LIST"),
-                 "the window manager")
+        command = window_manager or os.environ.get("TOVLA_TEST_WINDOW_MANAGER", "openbox")
+        self.start(*command.split())
+        wait_for(is_managed, "the window manager")
         if compositor:
             self.start_compositor()
         if tray:
@@ -86,8 +85,10 @@ class Desktop:
         return process
 
     def start_compositor(self):
-        self.compositor = self.start("picom", "--backend", "xrender", "--config", "/dev/null",
-                                     "--no-fading-openclose")
+        # None where the window manager is one: TOVLA_TEST_COMPOSITOR="".
+        command = os.environ.get("TOVLA_TEST_COMPOSITOR", "picom --backend xrender --config "
+                                 "/dev/null --no-fading-openclose").split()
+        self.compositor = self.start(*command) if command else None
         wait_for(self.is_composited, "the compositor")
 
     def is_composited(self):
@@ -198,6 +199,12 @@ class Tovla:
 def output(*command):
     return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                           text=True).stdout.strip()
+
+
+def is_managed():
+    """Window managers announce themselves early, but tell of windows only once they manage them;
+    xfwm4 lists them only once there is one."""
+    return "window id" in output("xprop", "-root", "_NET_CLIENT_LIST", "_NET_ACTIVE_WINDOW")
 
 
 def wait_for(condition, what, patience=PATIENCE_SECONDS):
