@@ -34,7 +34,7 @@ class Desktop:
     def _start(self, window_manager, compositor, size, scale, tray):
         self._set_environment(scale)
         _, os.environ["DISPLAY"] = self.start_display(size)
-        self._start_bus()
+        _, os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus()
         # Another one than openbox can be tried by hand: TOVLA_TEST_WINDOW_MANAGER="xfwm4".
         command = window_manager or os.environ.get("TOVLA_TEST_WINDOW_MANAGER", "openbox")
         self.start(*command.split())
@@ -72,10 +72,11 @@ class Desktop:
         with os.fdopen(reader) as numbers:
             return server, ":" + numbers.readline().strip()
 
-    def _start_bus(self):
+    def start_bus(self):
+        """Returns the bus's process and its address."""
         bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address=1",
                          stdout=subprocess.PIPE, text=True)
-        os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+        return bus, bus.stdout.readline().strip()
 
     def start(self, *command, **options):
         options.setdefault("stdout", subprocess.DEVNULL)
