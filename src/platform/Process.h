@@ -15,7 +15,8 @@ void prepare();
 [[nodiscard]] QString programPath();
 
 /// Called once the event loop can be told to end: from now on a wish of the system to end the
-/// program ends it through the event loop.
+/// program ends it through the event loop, and the end of a session does not make the next one
+/// start it.
 void endOnRequest();
 
 /// Ends the program through the event loop and has it started again, as the same process, from

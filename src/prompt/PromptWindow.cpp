@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QPainter>
+#include <QScreen>
 #include <QWindow>
 
 #include <chrono>
@@ -70,6 +71,12 @@ void PromptWindow::followDesktop()
 {
     connect(m_desktop.compositor.get(), &Compositor::changed, this, &PromptWindow::updateBackdrop);
     connect(m_desktop.appearance.get(), &Appearance::changed, this, &PromptWindow::updateLook);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &PromptWindow::followScreens,
+            Qt::QueuedConnection);
+    for (const QScreen *const screen : QGuiApplication::screens()) {
+        connect(screen, &QScreen::geometryChanged, this, &PromptWindow::followScreens,
+                Qt::QueuedConnection);
+    }
     m_heightAnimation.setDuration(static_cast<int>(heightAnimationTime.count()));
     m_heightAnimation.setEasingCurve(QEasingCurve::OutCubic);
     connect(&m_heightAnimation, &QVariantAnimation::valueChanged, this,
@@ -79,12 +86,30 @@ void PromptWindow::followDesktop()
 void PromptWindow::centreOnScreenWithPointer()
 {
     const QRect available = availableAreaWithPointer();
-    const int freeWidth = available.width() - PromptView::width;
-    // On a screen that is too small the strip, which moves the card, still has to be on it.
+    // On a screen that is too small the strip, which moves the card and begins with the close
+    // button, still has to be on it.
+    const int freeWidth = qMax(0, available.width() - PromptView::width);
     const int freeHeight = qMax(0, available.height() - frameHeight());
     const QPoint frameTopLeft = available.topLeft() + QPoint(freeWidth / 2, freeHeight / 3);
     m_place = frameTopLeft - QPoint(m_shadow.left(), m_shadow.top());
     move(m_place);
+}
+
+void PromptWindow::followScreens()
+{
+    // From a screen to one of another scale the toolkit lets a window keep its size in pixels. The
+    // centre, which decides on which screen the window is, stays, lest it goes back and forth.
+    if (size() != minimumSize()) {
+        QRect place({}, minimumSize());
+        place.moveCenter(geometry().center());
+        setGeometry(place);
+    }
+    // Some window managers leave a window where there is no screen any more.
+    const QRect strip(mapToGlobal(frame().topLeft()), QSize(PromptView::width, TitleStrip::height));
+    if (!QGuiApplication::screenAt(strip.center())) {
+        centreOnScreenWithPointer();
+    }
+    announceShape();
 }
 
 QRect PromptWindow::frame() const
@@ -168,7 +193,9 @@ void PromptWindow::announceShape()
 bool PromptWindow::event(QEvent *event)
 {
     const bool isHandled = QWidget::event(event);
-    if (event->type() == QEvent::WinIdChange) {
+    if (event->type() == QEvent::WinIdChange && windowHandle()) {
+        connect(windowHandle(), &QWindow::screenChanged, this, &PromptWindow::followScreens,
+                static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::UniqueConnection));
         announceShape();
     }
     return isHandled;

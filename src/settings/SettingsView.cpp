@@ -11,6 +11,8 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include <cmath>
+
 namespace
 {
 constexpr int viewPadding = 24;
@@ -29,8 +31,15 @@ public:
 protected:
     void paintEvent(QPaintEvent *) override
     {
-        QPainter(this).fillRect(dividerLeading, dividerPadding, width() - dividerLeading, 1,
-                                palette().color(Look::dividerRole));
+        // A rectangle's edges would fall between pixels at a fractional scale, and some dividers
+        // be twice as thick as others.
+        QPen pen(palette().color(Look::dividerRole), std::floor(devicePixelRatioF()));
+        pen.setCosmetic(true);
+        pen.setCapStyle(Qt::FlatCap);
+        QPainter painter(this);
+        painter.setPen(pen);
+        constexpr qreal middle = dividerPadding + 0.5;
+        painter.drawLine(QLineF(dividerLeading, middle, width(), middle));
     }
 };
 } // namespace

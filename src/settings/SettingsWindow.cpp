@@ -28,7 +28,7 @@ SettingsWindow::SettingsWindow(AppState &state)
     connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
     updateLook();
     adjustSize();
-    centreOnScreenWithPointer();
+    move(centredOnScreenWithPointer(size()));
 }
 
 void SettingsWindow::updateLook()
@@ -36,9 +36,4 @@ void SettingsWindow::updateLook()
     const Look current = look(m_state.theme(), *m_state.desktop().appearance);
     setPalette(current.palette());
     m_view->setLook(current);
-}
-
-void SettingsWindow::centreOnScreenWithPointer()
-{
-    move(availableAreaWithPointer().center() - rect().center());
 }

@@ -19,7 +19,6 @@ public:
 
 private:
     void updateLook();
-    void centreOnScreenWithPointer();
 
     AppState &m_state;
     SettingsView *m_view;

@@ -78,7 +78,7 @@ UpdateWindow::UpdateWindow(const Desktop &desktop)
     updateLook();
     refresh();
     adjustSize();
-    move(availableAreaWithPointer().center() - rect().center());
+    move(centredOnScreenWithPointer(size()));
 }
 
 QLabel *UpdateWindow::addText(int fontSize, QPalette::ColorRole role)

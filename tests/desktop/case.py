@@ -121,6 +121,19 @@ def geometry_of(title):
 
 def geometry(window):
     """x, y, width and height on the screen."""
-    shell = output("xdotool", "getwindowgeometry", "--shell", str(window))
-    values = dict(line.split("=") for line in shell.splitlines())
-    return tuple(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
+    described = output("xwininfo", "-id", str(window))
+    return tuple(int(re.search(rf"{name}: +(-?\d+)", described)[1])
+                 for name in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
+
+
+def shadow_of(title):
+    """Left, right, above, below, as the window announces it."""
+    extents = output("xprop", "-name", title, "_GTK_FRAME_EXTENTS").split("=")[1]
+    return tuple(int(part) for part in extents.split(","))
+
+
+def frame_of(title):
+    """What the user takes for the card: the window without its shadow, in pixels of the screen."""
+    x, y, width, height = geometry_of(title)
+    left, right, above, below = shadow_of(title)
+    return x + left, y + above, width - left - right, height - above - below

@@ -33,13 +33,12 @@ class Desktop:
 
     def _start(self, window_manager, compositor, size, scale, tray):
         self._set_environment(scale)
-        self._start_display(size)
-        self._start_bus()
+        _, os.environ["DISPLAY"] = self.start_display(size)
+        _, os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus()
         # Another one than openbox can be tried by hand: TOVLA_TEST_WINDOW_MANAGER="xfwm4".
-        self.start(window_manager or os.environ.get("TOVLA_TEST_WINDOW_MANAGER", "openbox"))
-        # Window managers announce themselves early, but list windows only once they manage them.
-        wait_for(lambda: "window id" in output("xprop", "-root", "_NET_CLIENT_LIST"),
-                 "the window manager")
+        command = window_manager or os.environ.get("TOVLA_TEST_WINDOW_MANAGER", "openbox")
+        self.start(*command.split())
+        wait_for(is_managed, "the window manager")
         if compositor:
             self.start_compositor()
         if tray:
@@ -64,18 +63,20 @@ class Desktop:
         if scale:
             os.environ["QT_SCALE_FACTOR"] = str(scale)
 
-    def _start_display(self, size):
+    def start_display(self, size):
+        """Returns the server's process and the display's name."""
         reader, writer = os.pipe()
-        self.start("Xvfb", "-displayfd", str(writer), "-screen", "0", size + "x24",
-                   "-nolisten", "tcp", "-noreset", pass_fds=[writer])
+        server = self.start("Xvfb", "-displayfd", str(writer), "-screen", "0", size + "x24",
+                            "-nolisten", "tcp", "-noreset", pass_fds=[writer])
         os.close(writer)
         with os.fdopen(reader) as numbers:
-            os.environ["DISPLAY"] = ":" + numbers.readline().strip()
+            return server, ":" + numbers.readline().strip()
 
-    def _start_bus(self):
+    def start_bus(self):
+        """Returns the bus's process and its address."""
         bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address=1",
                          stdout=subprocess.PIPE, text=True)
-        os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
+        return bus, bus.stdout.readline().strip()
 
     def start(self, *command, **options):
         options.setdefault("stdout", subprocess.DEVNULL)
@@ -85,8 +86,10 @@ class Desktop:
         return process
 
     def start_compositor(self):
-        self.compositor = self.start("picom", "--backend", "xrender", "--config", "/dev/null",
-                                     "--no-fading-openclose")
+        # None where the window manager is one: TOVLA_TEST_COMPOSITOR="".
+        command = os.environ.get("TOVLA_TEST_COMPOSITOR", "picom --backend xrender --config "
+                                 "/dev/null --no-fading-openclose").split()
+        self.compositor = self.start(*command) if command else None
         wait_for(self.is_composited, "the compositor")
 
     def is_composited(self):
@@ -197,6 +200,12 @@ class Tovla:
 def output(*command):
     return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                           text=True).stdout.strip()
+
+
+def is_managed():
+    """Window managers announce themselves early, but tell of windows only once they manage them;
+    xfwm4 lists them only once there is one."""
+    return "window id" in output("xprop", "-root", "_NET_CLIENT_LIST", "_NET_ACTIVE_WINDOW")
 
 
 def wait_for(condition, what, patience=PATIENCE_SECONDS):

@@ -27,8 +27,11 @@ INTROSPECTION = f"""<node><interface name="{SERVICE}">
 
 
 class TrayHost(dbus.service.Object):
-    def __init__(self, has_host=True):
-        self.bus = dbus.SessionBus(mainloop=DBusGMainLoop())
+    def __init__(self, has_host=True, address=None):
+        """On the session bus, or on the one of that address."""
+        loop = DBusGMainLoop()
+        self.bus = (dbus.bus.BusConnection(address, mainloop=loop) if address
+                    else dbus.SessionBus(mainloop=loop))
         self.has_host = has_host
         self.items = []
         self.appear()

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Process.h"
 
-#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QFile>
+#include <QGuiApplication>
+#include <QSessionManager>
 #include <QSocketNotifier>
 
 #include <csignal>
@@ -30,6 +31,28 @@ QString &ownPath()
 }
 
 bool isRestartWanted = false;
+
+/// A saved session would start Tovla beside the one that the user has started at login.
+void stayOutOfSavedSessions()
+{
+    const auto neverRestart
+        = [](QSessionManager &session) { session.setRestartHint(QSessionManager::RestartNever); };
+    QObject::connect(qGuiApp, &QGuiApplication::saveStateRequest, qGuiApp, neverRestart);
+    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, qGuiApp, neverRestart);
+}
+
+void endOnSignals()
+{
+    const sigset_t ending = endingSignals();
+    const int descriptor = signalfd(-1, &ending, SFD_NONBLOCK | SFD_CLOEXEC);
+    if (descriptor < 0) {
+        pthread_sigmask(SIG_UNBLOCK, &ending, nullptr);
+        return;
+    }
+    auto *const notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, qGuiApp);
+    QObject::connect(notifier, &QSocketNotifier::activated, qGuiApp,
+                     [] { QCoreApplication::exit(0); });
+}
 } // namespace
 
 void Process::prepare()
@@ -71,14 +94,6 @@ int Process::end(int exitStatus, char *argv[])
 
 void Process::endOnRequest()
 {
-    const sigset_t ending = endingSignals();
-    const int descriptor = signalfd(-1, &ending, SFD_NONBLOCK | SFD_CLOEXEC);
-    if (descriptor < 0) {
-        pthread_sigmask(SIG_UNBLOCK, &ending, nullptr);
-        return;
-    }
-    auto *const notifier
-        = new QSocketNotifier(descriptor, QSocketNotifier::Read, QCoreApplication::instance());
-    QObject::connect(notifier, &QSocketNotifier::activated, QCoreApplication::instance(),
-                     [] { QCoreApplication::exit(0); });
+    stayOutOfSavedSessions();
+    endOnSignals();
 }

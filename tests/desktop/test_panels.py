@@ -1,0 +1,120 @@
+# SPDX-License-Identifier: MIT
+"""A panel that speaks the old system tray protocol, and a session bus that goes away."""
+import os
+import re
+import signal
+import unittest
+
+from case import (DesktopCase, active_window_title, click, is_time, press_keys, type_text,
+                  visible_titles)
+from desktop import output, wait_for
+from test_time import FAKETIME
+from tray_host import TrayHost
+
+PANEL_HEIGHT = 32
+
+
+def docked_icon():
+    """The middle of the icon, the one window with the plain name, once it is in the panel at the
+    lower edge; panels move it about before they show it."""
+    line = re.search(r'"tovla": \("tovla" "tovla"\)  (\d+)x(\d+).* \+(\d+)\+(\d+)$',
+                     output("xwininfo", "-root", "-tree"), re.MULTILINE)
+    if not line or "tovla" not in visible_titles():
+        return None
+    width, height, x, y = map(int, line.groups())
+    return (x + width // 2, y + height // 2) if y > 900 - PANEL_HEIGHT else None
+
+
+def kill(process):
+    os.killpg(process.pid, signal.SIGKILL)
+    process.wait()
+
+
+class PanelsTest(DesktopCase):
+    desktop_options = {"tray": False}
+
+    def setUp(self):
+        super().setUp()
+        self.desktop.write_preferences(folderPath=self.desktop.journal(), intervalMinutes=5)
+
+    def start_panel(self):
+        panel = self.desktop.start("trayer", "--edge", "bottom", "--align", "right", "--widthtype",
+                                   "request", "--height", str(PANEL_HEIGHT))
+        self.addCleanup(lambda: panel.poll() is None and kill(panel))
+        return panel
+
+    def choose(self, key, button=1):
+        """Clicks on the icon in the panel and takes the menu's item that has this key."""
+        place = wait_for(docked_icon, "the icon in the panel")
+        self.desktop.wait_until_still()
+        before = len(visible_titles())
+        click(*place, button)
+        wait_for(lambda: len(visible_titles()) > before, "the menu")
+        press_keys(key)
+
+    def wait_for_prompt(self):
+        wait_for(lambda: is_time(active_window_title()), "the prompt to be active")
+
+    def save(self, note):
+        type_text(note)
+        press_keys("ctrl+Return")
+        self.wait_for_day_file(lambda content: content.endswith(f"{note}\n".encode()))
+        self.wait_until_no_prompt()
+
+    def end(self):
+        self.tovla.process.send_signal(signal.SIGTERM)
+        self.assertEqual(self.tovla.wait_for_end(), 0)
+
+    def test_old_tray_that_starts_late_and_crashes_gets_the_icon_each_time(self):
+        self.tovla = self.desktop.start_tovla()
+        self.tovla.act_when_ready("write-now")
+        self.wait_for_prompt()
+        self.save("without a panel")
+        panel = self.start_panel()
+        self.choose("ctrl+j")
+        self.wait_for_prompt()
+        self.save("from the panel")
+        kill(panel)
+        wait_for(lambda: "tovla" not in visible_titles(), "the icon to go")
+        self.start_panel()
+        self.choose("ctrl+q", button=3)
+        self.assertEqual(self.tovla.wait_for_end(), 0)
+
+    def test_bus_that_goes_away_leaves_the_old_tray(self):
+        bus, address = self.desktop.start_bus()
+        self.start_panel()
+        self.tovla = self.desktop.start_tovla(DBUS_SESSION_BUS_ADDRESS=address)
+        wait_for(docked_icon, "the icon in the panel")
+        kill(bus)
+        self.choose("ctrl+j")
+        self.wait_for_prompt()
+        self.save("without a bus")
+        self.choose("ctrl+comma")
+        wait_for(lambda: active_window_title() == "Tovla Settings", "the settings to be active")
+        press_keys("Tab", "ctrl+a")
+        type_text("25")
+        press_keys("ctrl+w")
+        wait_for(lambda: "intervalMinutes=25" in self.desktop.preferences_file().read_text(),
+                 "the interval in the preferences")
+        self.end()
+
+    def test_bus_that_goes_away_leaves_the_prompts_that_come_by_themselves(self):
+        bus, address = self.desktop.start_bus()
+        host = TrayHost(address=address)
+        self.tovla = self.desktop.start_tovla(DBUS_SESSION_BUS_ADDRESS=address,
+                                              LD_PRELOAD=FAKETIME, FAKETIME="+0 x60")
+        item = wait_for(lambda: host.item_of(self.tovla.process.pid), "the tray item")
+        item.click("Settings…")
+        wait_for(lambda: "Tovla Settings" in visible_titles(), "the settings")
+        self.wait_for_prompt()
+        type_text("with and ")
+        kill(bus)
+        self.save("without a bus")
+        self.wait_for_prompt()
+        self.save("again")
+        self.assertIn("Tovla Settings", visible_titles())
+        self.end()
+
+
+if __name__ == "__main__":
+    unittest.main()
