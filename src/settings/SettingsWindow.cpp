@@ -3,6 +3,7 @@
 
 #include "core/AppState.h"
 #include "core/StateObserver.h"
+#include "look/ApplicationIcon.h"
 #include "look/Screens.h"
 #include "settings/SettingsView.h"
 
@@ -17,6 +18,7 @@ SettingsWindow::SettingsWindow(AppState &state)
     , m_view(new SettingsView(state, this))
 {
     setWindowTitle(tr("Tovla Settings"));
+    setWindowIcon(applicationIcon());
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSizeConstraint(QLayout::SetFixedSize);

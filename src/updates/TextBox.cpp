@@ -8,7 +8,8 @@
 
 namespace
 {
-constexpr int boxHeight = 150;
+constexpr int boxHeight = 132;
+constexpr int boxMargin = 8;
 } // namespace
 
 TextBox::TextBox(const QString &name, QWidget *parent)
@@ -21,6 +22,7 @@ TextBox::TextBox(const QString &name, QWidget *parent)
     setTabChangesFocus(true);
     setFrameShape(QFrame::NoFrame);
     setFont(systemFont(FontSizes::subheadline));
+    document()->setDocumentMargin(boxMargin);
     setFixedHeight(boxHeight);
 }
 

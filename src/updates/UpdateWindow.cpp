@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "updates/UpdateWindow.h"
 
+#include "look/ApplicationIcon.h"
 #include "look/ControlStyle.h"
 #include "look/Fonts.h"
 #include "look/Labels.h"
@@ -24,7 +25,9 @@ namespace
 {
 using Action = UpdatePage::Action;
 
-constexpr int windowWidth = 440;
+constexpr int iconSide = 64;
+constexpr int iconToTexts = 20;
+constexpr int textWidth = 360;
 constexpr int padding = 24;
 constexpr int spacing = 8;
 constexpr int buttonSpacing = 12;
@@ -58,7 +61,7 @@ UpdateWindow::UpdateWindow(const Desktop &desktop)
                   | Qt::WindowCloseButtonHint)
     , m_desktop(desktop)
     , m_updates(*desktop.updates)
-    , m_column(new QVBoxLayout(this))
+    , m_column(new QVBoxLayout)
     , m_headline(addText(FontSizes::headline, QPalette::WindowText))
     , m_text(addText(FontSizes::body, QPalette::WindowText))
     , m_bar(new ProgressBar(desktop.appearance->wantsReducedMotion(), this))
@@ -71,6 +74,7 @@ UpdateWindow::UpdateWindow(const Desktop &desktop)
     , m_primary(new DialogButton(this))
 {
     setWindowTitle(tr("Software Update"));
+    setWindowIcon(applicationIcon());
     layOut();
     connect(&m_updates, &Updates::changed, this, &UpdateWindow::refresh);
     connect(desktop.appearance.get(), &Appearance::changed, this, &UpdateWindow::updateLook);
@@ -93,10 +97,18 @@ void UpdateWindow::layOut()
 {
     m_headline->setFont(systemFont(FontSizes::headline, QFont::DemiBold));
     m_notesTitle->setText(tr("Release Notes:"));
-    m_column->setContentsMargins(padding, padding, padding, padding);
+    auto *const icon = new QLabel(this);
+    icon->setPixmap(applicationIcon().pixmap(QSize(iconSide, iconSide), devicePixelRatioF()));
+    icon->setAccessibleName(QStringLiteral("Tovla"));
+    auto *const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(padding, padding, padding, padding);
+    layout->setSpacing(iconToTexts);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addWidget(icon, 0, Qt::AlignTop);
+    layout->addLayout(m_column);
+
     m_column->setSpacing(spacing);
-    m_column->setSizeConstraint(QLayout::SetFixedSize);
-    m_column->addStrut(windowWidth - 2 * padding);
+    m_column->addStrut(textWidth);
     for (QWidget *const each :
          {static_cast<QWidget *>(m_headline), static_cast<QWidget *>(m_text),
           static_cast<QWidget *>(m_bar), static_cast<QWidget *>(m_remark),
