@@ -65,11 +65,6 @@ class TrayTest(DesktopCase):
         wait_for(lambda: "Tovla Settings" not in visible_titles(), "the settings to close")
         self.assertTrue(self.tovla.is_running())
 
-    def test_check_for_updates_answers(self):
-        self.start()
-        self.item.click("Check for Updates…")
-        accessibility.find("Tovla can't be updated from here.")
-
     def test_panel_that_restarts_gets_the_icon_again(self):
         self.start()
         self.desktop.tray.vanish()

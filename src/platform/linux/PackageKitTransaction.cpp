@@ -132,7 +132,8 @@ void PackageKitTransaction::cancel()
 void PackageKitTransaction::forget()
 {
     m_hasEnded = true;
-    disconnect();
+    // Not all of its signals: the bus wants to know when this is destroyed.
+    disconnect(this, &PackageKitTransaction::progressChanged, nullptr, nullptr);
     deleteLater();
 }
 

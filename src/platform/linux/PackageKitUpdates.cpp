@@ -19,7 +19,6 @@ constexpr qulonglong onlyTrusted = 1U << 1U;
 constexpr qulonglong simulated = 1U << 2U;
 
 constexpr qsizetype longestNotes = 20000;
-const QString connectionName = QStringLiteral("tovla-updates");
 
 QVariant bits(qulonglong value)
 {
@@ -70,7 +69,7 @@ bool isAboutSignatures(const QString &text)
 PackageKitUpdates::PackageKitUpdates(QString programPath, QString version)
     : m_programPath(std::move(programPath))
     , m_version(std::move(version))
-    , m_bus(connectionName)
+    , m_bus(QStringLiteral("tovla-updates"))
 {
 }
 
@@ -97,13 +96,13 @@ void PackageKitUpdates::check()
 void PackageKitUpdates::connectToBus()
 {
     // A bus that hangs keeps whoever connects to it; so that is left to a thread of its own.
-    auto *const thread = QThread::create([] {
-        QDBusConnection::disconnectFromBus(connectionName);
-        QDBusConnection::connectToBus(QDBusConnection::SystemBus, connectionName);
-    });
+    static int count = 0;
+    const QString name = QStringLiteral("tovla-updates-%1").arg(++count);
+    auto *const thread = QThread::create(
+        [name] { QDBusConnection::connectToBus(QDBusConnection::SystemBus, name); });
     connect(thread, &QThread::finished, thread, &QObject::deleteLater);
-    connect(thread, &QThread::finished, this, [this] {
-        m_bus = QDBusConnection(connectionName);
+    connect(thread, &QThread::finished, this, [this, name] {
+        m_bus = QDBusConnection(name);
         if (m_state.stage != Stage::checking) {
             return;
         }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Process.h"
 
-#include <QDBusConnection>
 #include <QFile>
 #include <QGuiApplication>
 #include <QSessionManager>
@@ -84,8 +83,8 @@ void Process::restart()
 int Process::end(int exitStatus, char *argv[])
 {
     if (isRestartWanted) {
-        // The name that tells the one running copy must be free before the new one asks for it.
-        QDBusConnection::disconnectFromBus(QDBusConnection::sessionBus().name());
+        // This closes all connections, and with them frees the name of the one running copy before
+        // the new one, which has to greet the bus first, can ask for it.
         execv(QFile::encodeName(programPath()), argv);
         std::perror("tovla: could not be started again");
     }
