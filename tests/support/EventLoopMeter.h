@@ -8,31 +8,52 @@
 #include <chrono>
 #include <ctime>
 
-/// How much work the main thread does at most between two moments in which its event loop is free.
-/// Counts the thread's own processor time, so that a busy machine makes no difference.
+#if defined(__SANITIZE_ADDRESS__)
+#define TOVLA_IS_SANITIZED 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define TOVLA_IS_SANITIZED 1
+#endif
+#endif
+
+/// How much work the main thread does at most in one turn of its event loop. Counts the thread's
+/// own processor time, so that a busy machine makes no difference.
 class EventLoopMeter final : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(EventLoopMeter)
 
 public:
+    /// What a turn may take at most: one of 60 frames a second. A sanitized program works several
+    /// times as much.
+#ifdef TOVLA_IS_SANITIZED
+    static constexpr std::chrono::milliseconds frame{5 * 16};
+#else
+    static constexpr std::chrono::milliseconds frame{16};
+#endif
+
     EventLoopMeter() = default;
 
     void start()
     {
-        auto *const dispatcher = QAbstractEventDispatcher::instance();
-        connect(dispatcher, &QAbstractEventDispatcher::awake, this, &EventLoopMeter::startTurn,
-                Qt::UniqueConnection);
-        connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, &EventLoopMeter::endTurn,
-                Qt::UniqueConnection);
+        // Sent once a turn, whether it waits for events or only handles those that there are.
+        connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, this,
+                &EventLoopMeter::endTurn, Qt::UniqueConnection);
         m_longestTurn = {};
-        startTurn();
+        m_turns = 0;
+        m_turnStarted = worked();
     }
     [[nodiscard]] std::chrono::nanoseconds longestTurn() const { return m_longestTurn; }
+    [[nodiscard]] int turns() const { return m_turns; }
 
 private:
-    void startTurn() { m_turnStarted = worked(); }
-    void endTurn() { m_longestTurn = std::max(m_longestTurn, worked() - m_turnStarted); }
+    void endTurn()
+    {
+        const auto now = worked();
+        m_longestTurn = std::max(m_longestTurn, now - m_turnStarted);
+        m_turnStarted = now;
+        ++m_turns;
+    }
 
     static std::chrono::nanoseconds worked()
     {
@@ -43,4 +64,5 @@ private:
 
     std::chrono::nanoseconds m_turnStarted{};
     std::chrono::nanoseconds m_longestTurn{};
+    int m_turns = 0;
 };
