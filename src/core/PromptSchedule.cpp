@@ -26,8 +26,10 @@ QDateTime nextPromptDate(const QDateTime &now, std::chrono::seconds interval)
 {
     const std::chrono::milliseconds sinceEpoch(now.toMSecsSinceEpoch());
     const auto left = std::chrono::floor<std::chrono::seconds>(latestInstant - sinceEpoch);
-    const auto next = interval > left ? latestInstant : sinceEpoch + interval;
-    return QDateTime::fromMSecsSinceEpoch(next.count(), Qt::UTC);
+    const auto sinceEpochThen = interval > left ? latestInstant : sinceEpoch + interval;
+    QDateTime next = now;
+    next.setMSecsSinceEpoch(sinceEpochThen.count());
+    return next;
 }
 
 QString statusLine(qint64 intervalMinutes, const QString &folderPath)

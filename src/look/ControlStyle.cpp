@@ -207,8 +207,9 @@ int ControlStyle::styleHint(StyleHint hint, const QStyleOption *option, const QW
                             QStyleHintReturn *returned) const
 {
     switch (hint) {
+    case SH_UnderlineShortcut:
+        return m_showsMnemonics ? 1 : 0;
     case SH_ComboBox_Popup: // a plain list takes the window's palette; a menu-like one does not
-    case SH_UnderlineShortcut: // mnemonics work, but are no part of the look
     case SH_ComboBox_AllowWheelScrolling: // turning the wheel over a window must change nothing
         return 0;
     default:

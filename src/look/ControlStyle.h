@@ -18,6 +18,9 @@ public:
 
     ControlStyle();
 
+    /// Whether the letters that Alt presses a control with are underlined.
+    void setShowsMnemonics(bool shows) { m_showsMnemonics = shows; }
+
     /// The raised face that all controls share, in the state that @p option tells.
     static void drawFace(QPainter &painter, const QStyleOption &option);
     static void drawFace(QPainter &painter, const QStyleOption &option, const QColor &face);
@@ -37,4 +40,7 @@ public:
                                          const QSize &size, const QWidget *widget) const override;
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption *option,
                                   const QWidget *widget) const override;
+
+private:
+    bool m_showsMnemonics = false;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "prompt/BareTextEditor.h"
 
+#include "look/Accessible.h"
 #include "look/Fonts.h"
 #include "look/Look.h"
 #include "prompt/EditorHeight.h"
@@ -44,6 +45,7 @@ BareTextEditor::BareTextEditor(const ContentHeight &contentHeight, QWidget *pare
     : QPlainTextEdit(parent)
     , m_coordinator(new Coordinator(*this, contentHeight))
 {
+    Accessible::hide(*viewport());
     setFont(systemFont(FontSizes::note));
     setFrameShape(NoFrame);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

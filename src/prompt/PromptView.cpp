@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "prompt/PromptView.h"
 
+#include "look/Accessible.h"
 #include "look/Squircle.h"
 #include "prompt/BareTextEditor.h"
 
@@ -31,6 +32,7 @@ WritingBox::WritingBox(const Look &look, std::function<void()> heightChanged, QW
                                   }},
                              this))
 {
+    Accessible::setRole(*this, QAccessible::Client);
     const QString question = tr("What would you like to note about this moment?");
     m_editor->setPlaceholderText(question);
     m_editor->setAccessibleName(question);
@@ -81,6 +83,7 @@ PromptView::PromptView(PromptCallbacks callbacks, const Look &look, QWidget *par
           },
           this))
 {
+    Accessible::setRole(*this, QAccessible::Client);
     setFocusProxy(m_box);
     addShortcuts();
 }
@@ -95,6 +98,11 @@ void PromptView::setLook(const Look &look)
     m_colorScheme = look.scheme;
     m_box->setLook(look);
     update();
+}
+
+void PromptView::setDescription(const QString &description)
+{
+    m_box->editor().setAccessibleDescription(description);
 }
 
 void PromptView::resizeEvent(QResizeEvent *)
@@ -125,7 +133,8 @@ void PromptView::addShortcuts()
     add({Qt::Key_Escape}, [this] { cancel(); });
     // Tab itself belongs to the note.
     add({Qt::CTRL | Qt::Key_Tab}, [this] { focusNextChild(); });
-    add({Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab}, [this] { focusPreviousChild(); });
+    add({Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab},
+        [this] { focusPreviousChild(); });
 }
 
 void PromptView::submit()

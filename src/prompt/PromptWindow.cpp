@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "prompt/PromptWindow.h"
 
+#include "look/Accessible.h"
 #include "look/Screens.h"
 #include "look/Squircle.h"
 #include "prompt/TitleStrip.h"
@@ -45,6 +46,7 @@ PromptWindow::PromptWindow(const QDateTime &openedAt, ThemePreference theme, con
     , m_desktop(desktop)
     , m_background(look(theme, *desktop.appearance).scheme)
 {
+    Accessible::setRole(*this, QAccessible::Dialog);
     setAttribute(Qt::WA_TranslucentBackground);
     const QString title = openedAt.toLocalTime().toString(QStringLiteral("HH:mm"));
     setWindowTitle(title);
@@ -63,6 +65,7 @@ void PromptWindow::createContent(const QString &title, PromptCallbacks callbacks
     callbacks.onHeightChange = [this] { scheduleFit(); };
     m_view = new PromptView(std::move(callbacks), initial, this);
     m_titleStrip = new TitleStrip(title, initial, this);
+    m_view->setDescription(m_titleStrip->hint());
     setFocusProxy(m_view);
     connect(m_titleStrip, &TitleStrip::closeRequested, this, &QWidget::close);
 }

@@ -72,6 +72,11 @@ TitleStrip::TitleStrip(const QString &title, const Look &look, QWidget *parent)
     setLook(look);
 }
 
+QString TitleStrip::hint() const
+{
+    return m_hint->text();
+}
+
 void TitleStrip::setLook(const Look &look)
 {
     const auto color = [](QLabel &label, const QColor &text) {

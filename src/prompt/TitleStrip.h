@@ -37,6 +37,8 @@ public:
 
     TitleStrip(const QString &title, const Look &look, QWidget *parent);
 
+    /// What the keyboard can do.
+    [[nodiscard]] QString hint() const;
     void setLook(const Look &look);
 
 signals:

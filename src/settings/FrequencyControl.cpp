@@ -70,6 +70,7 @@ void NumberField::commit()
 FrequencyControl::FrequencyControl(AppState &state)
     : m_state(state)
     , m_number(new NumberField([this](const QString &text) { take(text); }))
+    , m_stepper(new Stepper([this](int direction) { step(direction); }))
     , m_unit(Labels::plain(QString(), systemFont(FontSizes::subheadline), Look::secondaryTextRole))
     , m_nextAt(
           Labels::plain(tr("next at"), systemFont(FontSizes::subheadline), Look::tertiaryTextRole))
@@ -77,6 +78,7 @@ FrequencyControl::FrequencyControl(AppState &state)
           Labels::plain(QString(), systemFont(FontSizes::subheadline), Look::secondaryTextRole))
 {
     m_number->setAccessibleName(QStringLiteral("Prompt Frequency"));
+    m_stepper->setAccessibleName(m_number->accessibleName());
     auto *const next = new QHBoxLayout;
     next->setSpacing(nextSpacing);
     next->addWidget(m_nextAt);
@@ -86,7 +88,7 @@ FrequencyControl::FrequencyControl(AppState &state)
     layout->setContentsMargins({});
     layout->setSpacing(spacing - 1);
     layout->addWidget(m_number);
-    layout->addWidget(new Stepper([this](int direction) { step(direction); }));
+    layout->addWidget(m_stepper);
     layout->addWidget(m_unit);
     layout->addStretch();
     layout->addLayout(next);
@@ -137,6 +139,8 @@ void FrequencyControl::refresh()
 void FrequencyControl::showNumber()
 {
     m_number->setText(IntervalText::text(m_state.intervalMinutes(), QLocale::system()));
+    // What a screen reader says when the stepper steps.
+    m_stepper->setAccessibleDescription(m_number->text());
 }
 
 void FrequencyControl::showNextPrompt()

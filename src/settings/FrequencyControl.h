@@ -8,6 +8,7 @@
 
 class AppState;
 class QLabel;
+class Stepper;
 
 /// A number that is taken when it is committed: with Return, or when an edited text loses the focus
 /// or the sight of its window.
@@ -53,6 +54,7 @@ private:
 
     AppState &m_state;
     NumberField *m_number;
+    Stepper *m_stepper;
     QLabel *m_unit;
     QLabel *m_nextAt;
     QLabel *m_nextTime;

@@ -47,4 +47,6 @@ PopUp::PopUp(const QString &accessibleName)
 {
     QAccessible::installFactory(makeAccessible);
     setAccessibleName(accessibleName);
+    // Not everything that reads the screen asks a pop-up for its value.
+    connect(this, &QComboBox::currentTextChanged, this, &QWidget::setAccessibleDescription);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingRow.h"
 
+#include "look/Accessible.h"
 #include "look/Fonts.h"
 #include "look/Labels.h"
 #include "look/Squircle.h"
@@ -27,6 +28,7 @@ IconTile::IconTile(QString icon, const Tint &tint, QWidget *parent)
     , m_icon(std::move(icon))
     , m_tint(tint)
 {
+    Accessible::hide(*this);
     setFixedSize(side, side);
 }
 
@@ -56,6 +58,9 @@ SettingRow::SettingRow(const QString &icon, const Tint &tint, const QString &lab
     : QWidget(parent)
     , m_tile(new IconTile(icon, tint, this))
 {
+    Accessible::setRole(*this, QAccessible::Grouping);
+    setAccessibleName(label);
+    setAccessibleDescription(detail);
     auto *const column = new QVBoxLayout;
     column->setSpacing(textsToControl);
     column->addWidget(createTexts(label, detail));

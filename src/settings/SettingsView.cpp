@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/SettingsView.h"
 
+#include "look/Accessible.h"
 #include "look/ControlStyle.h"
 #include "settings/FolderControl.h"
 #include "settings/FrequencyControl.h"
@@ -8,6 +9,7 @@
 #include "settings/SoundControl.h"
 #include "settings/ThemeControl.h"
 
+#include <QAbstractButton>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -25,6 +27,7 @@ public:
     explicit Divider(QWidget *parent)
         : QWidget(parent)
     {
+        Accessible::hide(*this);
         setFixedHeight(2 * dividerPadding + 1);
     }
 
@@ -46,6 +49,7 @@ protected:
 
 SettingsView::SettingsView(AppState &state, QWidget *parent)
     : QWidget(parent)
+    , m_style(new ControlStyle)
     , m_rows(new QVBoxLayout(this))
     , m_sound(new SoundControl(state))
 {
@@ -61,11 +65,10 @@ SettingsView::SettingsView(AppState &state, QWidget *parent)
     addRow(QStringLiteral("speaker.wave.2.fill"), Tints::green, QStringLiteral("Alert Sound"),
            QStringLiteral("Played when a writing prompt appears"), m_sound);
 
-    auto *const style = new ControlStyle;
-    style->setParent(this);
+    m_style->setParent(this);
     const auto controls = findChildren<QWidget *>();
     for (QWidget *const control : controls) {
-        control->setStyle(style);
+        control->setStyle(m_style);
     }
 }
 
@@ -76,6 +79,15 @@ void SettingsView::addRow(const QString &icon, const Tint &tint, const QString &
         m_rows->addWidget(new Divider(this));
     }
     m_rows->addWidget(new SettingRow(icon, tint, label, detail, control, this));
+}
+
+void SettingsView::showMnemonics(bool shows)
+{
+    m_style->setShowsMnemonics(shows);
+    const auto buttons = findChildren<QAbstractButton *>();
+    for (QAbstractButton *const button : buttons) {
+        button->update();
+    }
 }
 
 void SettingsView::setLook(const Look &look)

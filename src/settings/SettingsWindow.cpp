@@ -3,10 +3,12 @@
 
 #include "core/AppState.h"
 #include "core/StateObserver.h"
+#include "look/Accessible.h"
 #include "look/ApplicationIcon.h"
 #include "look/Screens.h"
 #include "settings/SettingsView.h"
 
+#include <QKeyEvent>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -17,7 +19,9 @@ SettingsWindow::SettingsWindow(AppState &state)
     , m_state(state)
     , m_view(new SettingsView(state, this))
 {
-    setWindowTitle(tr("Tovla Settings"));
+    Accessible::setRole(*this, QAccessible::Window);
+    // Programs find the window by its title, in every language.
+    setWindowTitle(QStringLiteral("Tovla Settings"));
     setWindowIcon(applicationIcon());
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
@@ -31,6 +35,31 @@ SettingsWindow::SettingsWindow(AppState &state)
     updateLook();
     adjustSize();
     move(centredOnScreenWithPointer(size()));
+}
+
+bool SettingsWindow::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowDeactivate) {
+        // Alt may be let go in another window, as after Alt-Tab.
+        m_view->showMnemonics(false);
+    }
+    return QWidget::event(event);
+}
+
+void SettingsWindow::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Alt) {
+        m_view->showMnemonics(true);
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void SettingsWindow::keyReleaseEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Alt) {
+        m_view->showMnemonics(false);
+    }
+    QWidget::keyReleaseEvent(event);
 }
 
 void SettingsWindow::updateLook()

@@ -17,6 +17,11 @@ public:
     /// @p state must outlive the window.
     explicit SettingsWindow(AppState &state);
 
+protected:
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+
 private:
     void updateLook();
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/Stepper.h"
 
+#include "look/Accessible.h"
 #include "look/ControlStyle.h"
 
 #include <QKeyEvent>
@@ -47,6 +48,7 @@ void StepButton::paintEvent(QPaintEvent *)
 Stepper::Stepper(std::function<void(int)> stepBy)
     : m_stepBy(std::move(stepBy))
 {
+    Accessible::setRole(*this, QAccessible::SpinBox);
     setFocusPolicy(Qt::TabFocus);
     setFixedSize(stepperWidth + 2 * faceMargin, ControlStyle::outerHeight);
     const int half = ControlStyle::controlHeight / 2;

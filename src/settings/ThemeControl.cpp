@@ -3,6 +3,7 @@
 
 #include "core/AppState.h"
 #include "core/StateObserver.h"
+#include "look/Accessible.h"
 #include "look/Fonts.h"
 #include "look/Labels.h"
 
@@ -19,6 +20,7 @@ constexpr int optionSpacing = 6;
 ThemeControl::ThemeControl(AppState &state)
     : m_state(state)
 {
+    Accessible::setRole(*this, QAccessible::Grouping);
     setAccessibleName(tr("Theme"));
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});

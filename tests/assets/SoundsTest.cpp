@@ -12,6 +12,8 @@
 #include <cmath>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using namespace Synthesis;
 
 namespace

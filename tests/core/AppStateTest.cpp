@@ -4,6 +4,9 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimeZone>
+
+using namespace Qt::StringLiterals;
 
 using namespace std::chrono_literals;
 
@@ -19,7 +22,7 @@ private slots:
         QCOMPARE(state->folderPath(), QString());
         QCOMPARE(state->intervalMinutes(), 60);
         QCOMPARE(state->theme(), ThemePreference::system);
-        QCOMPARE(state->soundName(), u"Purr"_qs);
+        QCOMPARE(state->soundName(), u"Purr"_s);
         QVERIFY(!state->nextPromptDate());
         QVERIFY(desktop.stored.isEmpty());
         QCOMPARE(desktop.timersMade, 0);
@@ -29,17 +32,17 @@ private slots:
     {
         QTest::addColumn<QString>("stored");
         QTest::addColumn<qint64>("loaded");
-        QTest::newRow("zero") << u"0"_qs << 60LL;
-        QTest::newRow("negative") << u"-5"_qs << 60LL;
-        QTest::newRow("large") << u"100000"_qs << 100000LL;
-        QTest::newRow("one") << u"1"_qs << 1LL;
+        QTest::newRow("zero") << u"0"_s << 60LL;
+        QTest::newRow("negative") << u"-5"_s << 60LL;
+        QTest::newRow("large") << u"100000"_s << 100000LL;
+        QTest::newRow("one") << u"1"_s << 1LL;
     }
 
     void storedInterval()
     {
         QFETCH(QString, stored);
         TestDesktop desktop;
-        desktop.stored.insert(u"intervalMinutes"_qs, stored);
+        desktop.stored.insert(u"intervalMinutes"_s, stored);
         AppStateForTests state(desktop);
         QTEST(state->intervalMinutes(), "loaded");
     }
@@ -48,27 +51,27 @@ private slots:
     {
         QTest::addColumn<QString>("stored");
         QTest::addColumn<QString>("loaded");
-        QTest::newRow("lower case") << u"purr"_qs << u"Purr"_qs;
-        QTest::newRow("unknown") << u"Beep"_qs << u"Purr"_qs;
-        QTest::newRow("known") << u"Submarine"_qs << u"Submarine"_qs;
+        QTest::newRow("lower case") << u"purr"_s << u"Purr"_s;
+        QTest::newRow("unknown") << u"Beep"_s << u"Purr"_s;
+        QTest::newRow("known") << u"Submarine"_s << u"Submarine"_s;
     }
 
     void storedSound()
     {
         QFETCH(QString, stored);
         TestDesktop desktop;
-        desktop.stored.insert(u"soundName"_qs, stored);
+        desktop.stored.insert(u"soundName"_s, stored);
         AppStateForTests state(desktop);
         QTEST(state->soundName(), "loaded");
     }
 
     void storedTheme_isMatchedExactly()
     {
-        for (const auto &[stored, loaded] : {std::pair(u"Dark"_qs, ThemePreference::system),
-                                             std::pair(u"sepia"_qs, ThemePreference::system),
-                                             std::pair(u"dark"_qs, ThemePreference::dark)}) {
+        for (const auto &[stored, loaded] : {std::pair(u"Dark"_s, ThemePreference::system),
+                                             std::pair(u"sepia"_s, ThemePreference::system),
+                                             std::pair(u"dark"_s, ThemePreference::dark)}) {
             TestDesktop desktop;
-            desktop.stored.insert(u"theme"_qs, stored);
+            desktop.stored.insert(u"theme"_s, stored);
             AppStateForTests state(desktop);
             QCOMPARE(state->theme(), loaded);
         }
@@ -78,19 +81,19 @@ private slots:
     {
         QCOMPARE(AppState::availableSounds().join(u' '),
                  u"Basso Blow Bottle Frog Funk Glass Hero Morse Ping Pop Purr Sosumi Submarine "
-                 "Tink"_qs);
+                 "Tink"_s);
     }
 
     void themeAndSound_areStored_andLeaveTheTimerAlone()
     {
         TestDesktop desktop;
         AppStateForTests state(desktop);
-        state->setFolderPath(u"/tmp/Journal"_qs);
+        state->setFolderPath(u"/tmp/Journal"_s);
         const int timers = desktop.timersMade;
         state->setTheme(ThemePreference::light);
-        state->setSoundName(u"no such sound"_qs);
-        QCOMPARE(desktop.stored.value(u"theme"_qs), u"light"_qs);
-        QCOMPARE(desktop.stored.value(u"soundName"_qs), u"no such sound"_qs);
+        state->setSoundName(u"no such sound"_s);
+        QCOMPARE(desktop.stored.value(u"theme"_s), u"light"_s);
+        QCOMPARE(desktop.stored.value(u"soundName"_s), u"no such sound"_s);
         QCOMPARE(desktop.timersMade, timers);
     }
 
@@ -98,7 +101,7 @@ private slots:
     {
         TestDesktop desktop;
         AppStateForTests state(desktop);
-        state->setFolderPath(u"/tmp/Journal"_qs);
+        state->setFolderPath(u"/tmp/Journal"_s);
         const int timers = desktop.timersMade;
         const int writes = desktop.writes;
         state->setIntervalMinutes(60);
@@ -110,11 +113,11 @@ private slots:
     {
         TestDesktop desktop;
         AppStateForTests state(desktop);
-        state->setFolderPath(u"/tmp/Journal"_qs);
+        state->setFolderPath(u"/tmp/Journal"_s);
         QVERIFY(desktop.timerInterval);
         state->setFolderPath(QString());
-        QCOMPARE(desktop.stored.value(u"folderPath"_qs), QString());
-        QVERIFY(desktop.stored.contains(u"folderPath"_qs));
+        QCOMPARE(desktop.stored.value(u"folderPath"_s), QString());
+        QVERIFY(desktop.stored.contains(u"folderPath"_s));
         QVERIFY(!desktop.timerInterval);
         QVERIFY(!state->nextPromptDate());
     }
@@ -161,14 +164,14 @@ private slots:
         TestDesktop desktop;
         AppStateForTests state(desktop);
         const QDate day(2026, 11, 15);
-        state->setFolderPath(u"/tmp/Journal"_qs);
+        state->setFolderPath(u"/tmp/Journal"_s);
         QCOMPARE(desktop.timerInterval, std::optional<std::chrono::seconds>(1h));
-        desktop.now = QDateTime(day, QTime(10, 0), Qt::UTC);
+        desktop.now = QDateTime(day, QTime(10, 0), QTimeZone::utc());
         state->setIntervalMinutes(30);
-        QCOMPARE(state->nextPromptDate(), QDateTime(day, QTime(10, 30), Qt::UTC));
-        desktop.now = QDateTime(day, QTime(10, 10), Qt::UTC);
+        QCOMPARE(state->nextPromptDate(), QDateTime(day, QTime(10, 30), QTimeZone::utc()));
+        desktop.now = QDateTime(day, QTime(10, 10), QTimeZone::utc());
         state->setIntervalMinutes(30);
-        QCOMPARE(state->nextPromptDate(), QDateTime(day, QTime(10, 40), Qt::UTC));
+        QCOMPARE(state->nextPromptDate(), QDateTime(day, QTime(10, 40), QTimeZone::utc()));
         QCOMPARE(desktop.timerInterval, std::optional<std::chrono::seconds>(30min));
     }
 
@@ -176,17 +179,17 @@ private slots:
     {
         TestDesktop desktop;
         AppStateForTests state(desktop);
-        state->setFolderPath(u"/tmp/Journal"_qs);
+        state->setFolderPath(u"/tmp/Journal"_s);
         const QDate day(2026, 11, 15);
-        desktop.now = QDateTime(day, QTime(11, 0), Qt::UTC);
+        desktop.now = QDateTime(day, QTime(11, 0), QTimeZone::utc());
         desktop.fireTimer();
-        QCOMPARE(state->nextPromptDate(), QDateTime(day, QTime(12, 0), Qt::UTC));
+        QCOMPARE(state->nextPromptDate(), QDateTime(day, QTime(12, 0), QTimeZone::utc()));
         QVERIFY(state.promptWindow()->isVisible());
         QWidget *const first = state.promptWindow();
 
-        desktop.now = QDateTime(day, QTime(12, 0), Qt::UTC);
+        desktop.now = QDateTime(day, QTime(12, 0), QTimeZone::utc());
         desktop.fireTimer();
-        QCOMPARE(state->nextPromptDate(), QDateTime(day, QTime(13, 0), Qt::UTC));
+        QCOMPARE(state->nextPromptDate(), QDateTime(day, QTime(13, 0), QTimeZone::utc()));
         QCOMPARE(state.promptWindow(), first);
         QCOMPARE(desktop.presented.size(), 1);
         QCOMPARE(desktop.timersMade, 1);
@@ -196,13 +199,13 @@ private slots:
     {
         TestDesktop desktop;
         AppStateForTests state(desktop);
-        state->setFolderPath(u"/tmp/Journal"_qs);
+        state->setFolderPath(u"/tmp/Journal"_s);
         const QDate day(2026, 11, 15);
         desktop.timerRemaining = 45min;
-        desktop.setClock(QDateTime(day, QTime(20, 0), Qt::UTC));
-        QCOMPARE(state->nextPromptDate(), QDateTime(day, QTime(20, 45), Qt::UTC));
-        desktop.setClock(QDateTime(day, QTime(3, 0), Qt::UTC));
-        QCOMPARE(state->nextPromptDate(), QDateTime(day, QTime(3, 45), Qt::UTC));
+        desktop.setClock(QDateTime(day, QTime(20, 0), QTimeZone::utc()));
+        QCOMPARE(state->nextPromptDate(), QDateTime(day, QTime(20, 45), QTimeZone::utc()));
+        desktop.setClock(QDateTime(day, QTime(3, 0), QTimeZone::utc()));
+        QCOMPARE(state->nextPromptDate(), QDateTime(day, QTime(3, 45), QTimeZone::utc()));
         QCOMPARE(desktop.timersMade, 1);
         QVERIFY(!state.promptWindow());
     }
@@ -211,7 +214,7 @@ private slots:
     {
         TestDesktop desktop;
         AppStateForTests state(desktop);
-        desktop.setClock(QDateTime(QDate(2027, 1, 1), QTime(0, 0), Qt::UTC));
+        desktop.setClock(QDateTime(QDate(2027, 1, 1), QTime(0, 0), QTimeZone::utc()));
         QCOMPARE(state->nextPromptDate(), std::nullopt);
     }
 
@@ -219,7 +222,7 @@ private slots:
     {
         TestDesktop desktop;
         AppStateForTests state(desktop);
-        state->setFolderPath(u"/tmp/Journal"_qs);
+        state->setFolderPath(u"/tmp/Journal"_s);
         const auto before = state->nextPromptDate();
         desktop.now = desktop.now.addSecs(600);
         state->showPrompt();
@@ -240,7 +243,7 @@ private slots:
     void start_withFolder_opensNothing()
     {
         TestDesktop desktop;
-        desktop.stored.insert(u"folderPath"_qs, u"/tmp/Journal"_qs);
+        desktop.stored.insert(u"folderPath"_s, u"/tmp/Journal"_s);
         AppStateForTests state(desktop);
         state->start();
         QVERIFY(!state.settingsWindow());
@@ -253,14 +256,13 @@ private slots:
         TestDesktop desktop;
         AppStateForTests state(desktop);
         state->playSelectedSound();
-        state->setSoundName(u"Glass"_qs);
+        state->setSoundName(u"Glass"_s);
         state->playSelectedSound();
-        state->setSoundName(u"no such sound"_qs);
+        state->setSoundName(u"no such sound"_s);
         state->playSelectedSound();
         state->playSelectedSound();
-        QCOMPARE(
-            desktop.soundLog,
-            (QStringList{u"play Purr"_qs, u"stop Purr"_qs, u"play Glass"_qs, u"stop Glass"_qs}));
+        QCOMPARE(desktop.soundLog,
+                 (QStringList{u"play Purr"_s, u"stop Purr"_s, u"play Glass"_s, u"stop Glass"_s}));
     }
 };
 

@@ -4,6 +4,9 @@
 #include "core/PathText.h"
 
 #include <QTest>
+#include <QTimeZone>
+
+using namespace Qt::StringLiterals;
 
 using namespace std::chrono_literals;
 
@@ -31,15 +34,15 @@ private slots:
 
     void nextPromptDate_isAnInstant()
     {
-        const QDateTime now(QDate(2026, 11, 15), QTime(10, 0), Qt::UTC);
+        const QDateTime now(QDate(2026, 11, 15), QTime(10, 0), QTimeZone::utc());
         const QDateTime next = PromptSchedule::nextPromptDate(now, 30min);
-        QCOMPARE(next, QDateTime(QDate(2026, 11, 15), QTime(10, 30), Qt::UTC));
-        QCOMPARE(next.timeSpec(), Qt::UTC);
+        QCOMPARE(next, QDateTime(QDate(2026, 11, 15), QTime(10, 30), QTimeZone::utc()));
+        QCOMPARE(next.offsetFromUtc(), 0);
     }
 
     void nextPromptDate_beyondAllDates_isTheLastOne()
     {
-        const QDateTime now(QDate(2026, 11, 15), QTime(10, 0), Qt::UTC);
+        const QDateTime now(QDate(2026, 11, 15), QTime(10, 0), QTimeZone::utc());
         const auto longest = *PromptSchedule::interval(std::numeric_limits<qint64>::max() / 60);
         const QDateTime next = PromptSchedule::nextPromptDate(now, longest);
         QVERIFY(next.isValid());
@@ -51,13 +54,13 @@ private slots:
         QTest::addColumn<qint64>("minutes");
         QTest::addColumn<QString>("folder");
         QTest::addColumn<QString>("line");
-        QTest::newRow("usual") << 45LL << u"/Users/ann/Notes/Journal"_qs
-                               << u"Every 45 min → Journal"_qs;
+        QTest::newRow("usual") << 45LL << u"/Users/ann/Notes/Journal"_s
+                               << u"Every 45 min → Journal"_s;
         QTest::newRow("no grouping")
-            << 1440LL << u"/a/b/Journal"_qs << u"Every 1440 min → Journal"_qs;
-        QTest::newRow("no singular") << 1LL << u"/Journal"_qs << u"Every 1 min → Journal"_qs;
-        QTest::newRow("negative") << -5LL << u"/Journal"_qs << u"Every -5 min → Journal"_qs;
-        QTest::newRow("no folder") << 1440LL << QString() << u"Every 1440 min → "_qs;
+            << 1440LL << u"/a/b/Journal"_s << u"Every 1440 min → Journal"_s;
+        QTest::newRow("no singular") << 1LL << u"/Journal"_s << u"Every 1 min → Journal"_s;
+        QTest::newRow("negative") << -5LL << u"/Journal"_s << u"Every -5 min → Journal"_s;
+        QTest::newRow("no folder") << 1440LL << QString() << u"Every 1440 min → "_s;
     }
 
     void statusLine()
@@ -71,13 +74,13 @@ private slots:
     {
         QTest::addColumn<QString>("path");
         QTest::addColumn<QString>("component");
-        QTest::newRow("plain") << u"/home/ann/Journal"_qs << u"Journal"_qs;
-        QTest::newRow("trailing slash") << u"/home/ann/Journal/"_qs << u"Journal"_qs;
-        QTest::newRow("trailing slashes") << u"/home/ann/Journal//"_qs << u"Journal"_qs;
-        QTest::newRow("relative") << u"Journal"_qs << u"Journal"_qs;
-        QTest::newRow("root") << u"/"_qs << u"/"_qs;
-        QTest::newRow("spaces") << u"   "_qs << u"   "_qs;
-        QTest::newRow("marks") << u"/x/my_journal & co"_qs << u"my_journal & co"_qs;
+        QTest::newRow("plain") << u"/home/ann/Journal"_s << u"Journal"_s;
+        QTest::newRow("trailing slash") << u"/home/ann/Journal/"_s << u"Journal"_s;
+        QTest::newRow("trailing slashes") << u"/home/ann/Journal//"_s << u"Journal"_s;
+        QTest::newRow("relative") << u"Journal"_s << u"Journal"_s;
+        QTest::newRow("root") << u"/"_s << u"/"_s;
+        QTest::newRow("spaces") << u"   "_s << u"   "_s;
+        QTest::newRow("marks") << u"/x/my_journal & co"_s << u"my_journal & co"_s;
         QTest::newRow("empty") << QString() << QString();
     }
 

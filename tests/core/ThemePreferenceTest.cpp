@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class ThemePreferenceTest final : public QObject
 {
     Q_OBJECT
@@ -10,7 +12,7 @@ class ThemePreferenceTest final : public QObject
 private slots:
     void rawValue_roundTrips()
     {
-        const QStringList words{u"system"_qs, u"light"_qs, u"dark"_qs};
+        const QStringList words{u"system"_s, u"light"_s, u"dark"_s};
         for (qsizetype i = 0; i < words.size(); ++i) {
             const ThemePreference theme = allThemePreferences.at(static_cast<size_t>(i));
             QCOMPARE(rawValue(theme), words.at(i));
@@ -20,7 +22,7 @@ private slots:
 
     void otherText_isNoPreference()
     {
-        for (const QString &text : {u"Dark"_qs, u"sepia"_qs, u" dark"_qs, QString()}) {
+        for (const QString &text : {u"Dark"_s, u"sepia"_s, u" dark"_s, QString()}) {
             QVERIFY2(!themePreference(text), qPrintable(text));
         }
     }

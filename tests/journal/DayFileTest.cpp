@@ -6,6 +6,9 @@
 #include <QFile>
 #include <QLocale>
 #include <QTest>
+#include <QTimeZone>
+
+using namespace Qt::StringLiterals;
 
 class DayFileTest final : public QObject
 {
@@ -17,34 +20,34 @@ private slots:
 
     void parts_areAsDescribed()
     {
-        const DayFile file(QDateTime(QDate(2026, 11, 15), QTime(8, 5), Qt::UTC));
-        QCOMPARE(file.name(), u"2026-11-15.md"_qs);
+        const DayFile file(QDateTime(QDate(2026, 11, 15), QTime(8, 5), QTimeZone::utc()));
+        QCOMPARE(file.name(), u"2026-11-15.md"_s);
         QCOMPARE(file.header(), "# 2026-11-15\n\n");
-        QCOMPARE(file.entry(u"Finished the report."_qs), "## 09:05\nFinished the report.\n");
+        QCOMPARE(file.entry(u"Finished the report."_s), "## 09:05\nFinished the report.\n");
     }
 
     void day_isTheLocalOne()
     {
         // 23:30 UTC is half past midnight of the next day in Berlin.
-        const DayFile file(QDateTime(QDate(2026, 11, 15), QTime(23, 30), Qt::UTC));
-        QCOMPARE(file.name(), u"2026-11-16.md"_qs);
-        QCOMPARE(file.entry(u"x"_qs), "## 00:30\nx\n");
+        const DayFile file(QDateTime(QDate(2026, 11, 15), QTime(23, 30), QTimeZone::utc()));
+        QCOMPARE(file.name(), u"2026-11-16.md"_s);
+        QCOMPARE(file.entry(u"x"_s), "## 00:30\nx\n");
     }
 
     void zone_isTheOneInForceWhenMade()
     {
-        const QDateTime openedAt(QDate(2026, 11, 15), QTime(14, 30), Qt::UTC);
-        QCOMPARE(DayFile(openedAt).entry(u"x"_qs), "## 15:30\nx\n");
+        const QDateTime openedAt(QDate(2026, 11, 15), QTime(14, 30), QTimeZone::utc());
+        QCOMPARE(DayFile(openedAt).entry(u"x"_s), "## 15:30\nx\n");
         TimeZone::use("Asia/Tokyo");
-        QCOMPARE(DayFile(openedAt).entry(u"x"_qs), "## 23:30\nx\n");
+        QCOMPARE(DayFile(openedAt).entry(u"x"_s), "## 23:30\nx\n");
         TimeZone::use("Pacific/Auckland");
-        QCOMPARE(DayFile(openedAt).name(), u"2026-11-16.md"_qs);
+        QCOMPARE(DayFile(openedAt).name(), u"2026-11-16.md"_s);
     }
 
     void daylightSaving_isRead()
     {
         const auto time = [](QTime utc, int month, int day) {
-            return DayFile(QDateTime(QDate(2026, month, day), utc, Qt::UTC)).entry(u"x"_qs);
+            return DayFile(QDateTime(QDate(2026, month, day), utc, QTimeZone::utc())).entry(u"x"_s);
         };
         QCOMPARE(time(QTime(0, 59), 3, 29), "## 01:59\nx\n");
         QCOMPARE(time(QTime(1, 0), 3, 29), "## 03:00\nx\n");
@@ -56,17 +59,17 @@ private slots:
     {
         const QLocale before;
         QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
-        const DayFile file(QDateTime(QDate(2026, 11, 15), QTime(8, 5), Qt::UTC));
+        const DayFile file(QDateTime(QDate(2026, 11, 15), QTime(8, 5), QTimeZone::utc()));
         QLocale::setDefault(before);
         QCOMPARE(file.header(), "# 2026-11-15\n\n");
-        QCOMPARE(file.entry(u"x"_qs), "## 09:05\nx\n");
+        QCOMPARE(file.entry(u"x"_s), "## 09:05\nx\n");
     }
 
     void note_isWrittenAsItIs()
     {
-        const DayFile file(QDateTime(QDate(2026, 11, 15), QTime(8, 5), Qt::UTC));
+        const DayFile file(QDateTime(QDate(2026, 11, 15), QTime(8, 5), QTimeZone::utc()));
         const QString note
-            = u"# not a heading\n\n\t- tab\u00A0and no-break space\n> 👩‍👩‍👧 e\u0301"_qs;
+            = u"# not a heading\n\n\t- tab\u00A0and no-break space\n> 👩‍👩‍👧 e\u0301"_s;
         QCOMPARE(file.entry(note), "## 09:05\n" + note.toUtf8() + "\n");
     }
 
@@ -74,11 +77,11 @@ private slots:
     {
         QFile page(QStringLiteral(TOVLA_SOURCE_DIR "/docs/journal-format.md"));
         QVERIFY(page.open(QIODevice::ReadOnly));
-        const DayFile morning(QDateTime(QDate(2026, 11, 15), QTime(8, 5), Qt::UTC));
-        const DayFile afternoon(QDateTime(QDate(2026, 11, 15), QTime(13, 30), Qt::UTC));
-        const QByteArray first = morning.header() + morning.entry(u"Finished the report."_qs);
+        const DayFile morning(QDateTime(QDate(2026, 11, 15), QTime(8, 5), QTimeZone::utc()));
+        const DayFile afternoon(QDateTime(QDate(2026, 11, 15), QTime(13, 30), QTimeZone::utc()));
+        const QByteArray first = morning.header() + morning.entry(u"Finished the report."_s);
         const QByteArray both
-            = first + '\n' + afternoon.entry(u"Long walk.\n\nFelt better after."_qs);
+            = first + '\n' + afternoon.entry(u"Long walk.\n\nFelt better after."_s);
         QCOMPARE(first.size(), 44);
         QCOMPARE(both.size(), 85);
         QVERIFY(page.readAll().contains("```markdown\n" + both + "```\n"));

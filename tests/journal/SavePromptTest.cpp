@@ -6,13 +6,16 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimeZone>
 
 #include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
 /// 08:00 in Berlin.
-const QDateTime morning(QDate(2026, 11, 15), QTime(7, 0), Qt::UTC);
+const QDateTime morning(QDate(2026, 11, 15), QTime(7, 0), QTimeZone::utc());
 } // namespace
 
 class SavePromptTest final : public QObject
@@ -37,7 +40,7 @@ private slots:
 
     void newDay_getsHeaderAndTrimmedNote()
     {
-        save(u"  hello \n\n"_qs);
+        save(u"  hello \n\n"_s);
         QCOMPARE(day("2026-11-15"), "# 2026-11-15\n\n## 08:00\nhello\n");
         QVERIFY(m_desktop->alerts.isEmpty());
         QCOMPARE(QDir(folder()).entryList(QDir::Files | QDir::Hidden).size(), 1);
@@ -45,7 +48,7 @@ private slots:
 
     void blankNote_writesNothing()
     {
-        save(u" \t\n\u00A0\u2028\u3000 "_qs);
+        save(u" \t\n\u00A0\u2028\u3000 "_s);
         QVERIFY(!QFile::exists(folder()));
         QVERIFY(m_desktop->alerts.isEmpty());
     }
@@ -53,19 +56,19 @@ private slots:
     void trimming_isUnicodeWhiteSpace_atTheEndsOnly()
     {
         const QString white = u"\t\n\v\f\r \u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005"
-                              "\u2006\u2007\u2008\u2009\u200A\u2028\u2029\u202F\u205F\u3000"_qs;
-        save(white + u"a\u00A0b"_qs + white);
+                              "\u2006\u2007\u2008\u2009\u200A\u2028\u2029\u202F\u205F\u3000"_s;
+        save(white + u"a\u00A0b"_s + white);
         QVERIFY(day("2026-11-15")
                     .endsWith("## 08:00\na\xC2\xA0"
                               "b\n"));
-        save(u"\u200B\uFEFF\u180E"_qs); // none of these is white space
+        save(u"\u200B\uFEFF\u180E"_s); // none of these is white space
         QVERIFY(day("2026-11-15").endsWith("\n## 08:00\n\xE2\x80\x8B\xEF\xBB\xBF\xE1\xA0\x8E\n"));
     }
 
     void innerText_isKeptByteForByte()
     {
         const QString note
-            = u"one\n\n\n# two\n- three\n> four\n\tfive 👩‍👩‍👧 \u00A0"_qs + u'.';
+            = u"one\n\n\n# two\n- three\n> four\n\tfive 👩‍👩‍👧 \u00A0"_s + u'.';
         save(note);
         QCOMPARE(day("2026-11-15"), "# 2026-11-15\n\n## 08:00\n" + note.toUtf8() + "\n");
     }
@@ -73,45 +76,46 @@ private slots:
     void afterMidnight_goesToTheDayOfOpening()
     {
         // Opened at 23:58, saved at 00:03: only the opening counts.
-        m_desktop->now = QDateTime(QDate(2026, 11, 15), QTime(23, 3), Qt::UTC);
-        m_state->savePrompt(u"late"_qs, QDateTime(QDate(2026, 11, 15), QTime(22, 58), Qt::UTC));
+        m_desktop->now = QDateTime(QDate(2026, 11, 15), QTime(23, 3), QTimeZone::utc());
+        m_state->savePrompt(u"late"_s,
+                            QDateTime(QDate(2026, 11, 15), QTime(22, 58), QTimeZone::utc()));
         QVERIFY(day("2026-11-15").endsWith("## 23:58\nlate\n"));
         QVERIFY(!QFile::exists(path("2026-11-16")));
     }
 
     void twoNotesOfOneMinute_areTwoEntries()
     {
-        save(u"one"_qs);
-        save(u"two"_qs);
+        save(u"one"_s);
+        save(u"two"_s);
         QCOMPARE(day("2026-11-15"), "# 2026-11-15\n\n## 08:00\none\n\n## 08:00\ntwo\n");
     }
 
     void missingFolders_areMade()
     {
-        (*m_state)->setFolderPath(m_place->filePath(u"a/b/c/Journal"_qs));
-        save(u"deep"_qs);
+        (*m_state)->setFolderPath(m_place->filePath(u"a/b/c/Journal"_s));
+        save(u"deep"_s);
         QCOMPARE(day("2026-11-15"), "# 2026-11-15\n\n## 08:00\ndeep\n");
     }
 
     void emptyFile_getsNoHeader()
     {
         write("2026-11-15", "");
-        save(u"x"_qs);
+        save(u"x"_s);
         QCOMPARE(day("2026-11-15"), "\n## 08:00\nx\n");
     }
 
     void fileWithoutLastNewline_getsASingleOne()
     {
         write("2026-11-15", "edited elsewhere");
-        save(u"x"_qs);
+        save(u"x"_s);
         QCOMPARE(day("2026-11-15"), "edited elsewhere\n## 08:00\nx\n");
     }
 
     void deletedFile_isMadeAnew()
     {
-        save(u"one"_qs);
+        save(u"one"_s);
         QVERIFY(QFile::remove(path("2026-11-15")));
-        save(u"two"_qs);
+        save(u"two"_s);
         QCOMPARE(day("2026-11-15"), "# 2026-11-15\n\n## 08:00\ntwo\n");
     }
 
@@ -119,26 +123,26 @@ private slots:
     {
         const QDateTime openedAt = m_desktop->now;
         TimeZone::use("Asia/Tokyo");
-        m_state->savePrompt(u"x"_qs, openedAt);
+        m_state->savePrompt(u"x"_s, openedAt);
         QVERIFY(day("2026-11-15").endsWith("## 18:05\nx\n")); // 09:05 UTC
     }
 
     void noFolder_isAnAlert()
     {
         (*m_state)->setFolderPath(QString());
-        save(u"x"_qs);
+        save(u"x"_s);
         QCOMPARE(m_desktop->alerts.size(), 1);
-        QCOMPARE(m_desktop->alerts.constFirst().messageText, u"Journal"_qs);
+        QCOMPARE(m_desktop->alerts.constFirst().messageText, u"Journal"_s);
         QCOMPARE(m_desktop->alerts.constFirst().informativeText,
-                 u"Pick a folder in Settings before saving entries."_qs);
+                 u"Pick a folder in Settings before saving entries."_s);
     }
 
     void folderOfSpaces_isAFolder()
     {
         const QString before = QDir::currentPath();
         QVERIFY(QDir::setCurrent(m_place->path()));
-        (*m_state)->setFolderPath(u"   "_qs);
-        save(u"x"_qs);
+        (*m_state)->setFolderPath(u"   "_s);
+        save(u"x"_s);
         const QByteArray written = day("2026-11-15");
         QVERIFY(QDir::setCurrent(before));
         QCOMPARE(written, "# 2026-11-15\n\n## 08:00\nx\n");
@@ -149,8 +153,8 @@ private slots:
         QFile file(folder());
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write("mine") == 4);
         file.close();
-        save(u"x"_qs);
-        QCOMPARE(alertText(), u"Could not save entry: Not a directory"_qs);
+        save(u"x"_s);
+        QCOMPARE(alertText(), u"Could not save entry: Not a directory"_s);
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll(), "mine");
     }
@@ -158,16 +162,16 @@ private slots:
     void dayFileIsADirectory_isAnAlert()
     {
         QVERIFY(QDir().mkpath(path("2026-11-15")));
-        save(u"x"_qs);
-        QCOMPARE(alertText(), u"Could not save entry: Is a directory"_qs);
+        save(u"x"_s);
+        QCOMPARE(alertText(), u"Could not save entry: Is a directory"_s);
     }
 
     void dayFileIsAFifo_isAnAlert_atOnce()
     {
         QVERIFY(QDir().mkpath(folder()));
         QCOMPARE(mkfifo(QFile::encodeName(path("2026-11-15")), 0600), 0);
-        save(u"x"_qs);
-        QCOMPARE(alertText(), u"Could not save entry: No such device or address"_qs);
+        save(u"x"_s);
+        QCOMPARE(alertText(), u"Could not save entry: No such device or address"_s);
     }
 
     void failedSave_closesThePromptAfterTheAlert()
@@ -176,7 +180,7 @@ private slots:
         (*m_state)->showPrompt();
         QWidget *const prompt = m_state->promptWindow();
         QVERIFY(QTest::qWaitForWindowActive(prompt));
-        QTest::keyClicks(prompt->focusWidget(), u"note"_qs);
+        QTest::keyClicks(prompt->focusWidget(), u"note"_s);
         QTest::keyClick(prompt->focusWidget(), Qt::Key_Return, Qt::ControlModifier);
         QCOMPARE(m_desktop->alerts.size(), 1);
         QCOMPARE(m_desktop->alerts.constFirst().over, prompt);
@@ -185,10 +189,10 @@ private slots:
     }
 
 private:
-    [[nodiscard]] QString folder() const { return m_place->filePath(u"Journal"_qs); }
+    [[nodiscard]] QString folder() const { return m_place->filePath(u"Journal"_s); }
     [[nodiscard]] QString path(const char *name) const
     {
-        return (*m_state)->folderPath() + u'/' + QLatin1String(name) + u".md"_qs;
+        return (*m_state)->folderPath() + u'/' + QLatin1String(name) + u".md"_s;
     }
     void save(const QString &text) { m_state->savePrompt(text, morning); }
     void write(const char *name, const QByteArray &bytes)

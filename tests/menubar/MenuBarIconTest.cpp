@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 QImage drawn(const QSize &size, const QRectF &rect, qreal ratio = 1)
@@ -72,7 +74,7 @@ private slots:
     void icon_hasTheInstalledName_andAPicture()
     {
         const QIcon icon = MenuBarIcon::icon(Qt::white);
-        QCOMPARE(icon.name(), u"org.tovla.Tovla-symbolic"_qs);
+        QCOMPARE(icon.name(), u"org.tovla.Tovla-symbolic"_s);
         const QImage image = icon.pixmap(QSize(22, 22)).toImage();
         QCOMPARE(image.pixelColor(11, 11), QColor(Qt::white));
         QCOMPARE(image.pixelColor(0, 0).alpha(), 0);

@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 AppState *shared = nullptr;
@@ -24,15 +26,15 @@ private slots:
         const MenuContent menu(*state, MenuContent::Shown::ByUs);
         QStringList items;
         for (const QAction *const action : menu.actions()) {
-            items.append(action->isSeparator() ? u"-"_qs
+            items.append(action->isSeparator() ? u"-"_s
                                                : action->text() + u'|'
                                  + action->shortcut().toString(QKeySequence::PortableText));
             QCOMPARE(action->isEnabled(), action != menu.actions().constFirst());
         }
         QCOMPARE(items,
-                 (QStringList{u"No folder selected|"_qs, u"-"_qs, u"Write now|Ctrl+J"_qs,
-                              u"Settings…|Ctrl+,"_qs, u"-"_qs, u"Check for Updates…|"_qs, u"-"_qs,
-                              u"Quit|Ctrl+Q"_qs}));
+                 (QStringList{u"No folder selected|"_s, u"-"_s, u"Write now|Ctrl+J"_s,
+                              u"Settings…|Ctrl+,"_s, u"-"_s, u"Check for Updates…|"_s, u"-"_s,
+                              u"Quit|Ctrl+Q"_s}));
     }
 
     void status_followsTheState()
@@ -40,29 +42,29 @@ private slots:
         TestDesktop desktop;
         AppStateForTests state(desktop);
         const MenuContent menu(*state, MenuContent::Shown::ByUs);
-        state->setFolderPath(u"/Users/ann/Notes/Journal"_qs);
+        state->setFolderPath(u"/Users/ann/Notes/Journal"_s);
         state->setIntervalMinutes(25);
-        QTRY_COMPARE(menu.actions().constFirst()->text(), u"Every 25 min → Journal"_qs);
+        QTRY_COMPARE(menu.actions().constFirst()->text(), u"Every 25 min → Journal"_s);
         state->setFolderPath(QString());
-        QTRY_COMPARE(menu.actions().constFirst()->text(), u"No folder selected"_qs);
+        QTRY_COMPARE(menu.actions().constFirst()->text(), u"No folder selected"_s);
     }
 
     void status_showsEveryCharacterOfTheFolder()
     {
         TestDesktop desktop;
         AppStateForTests state(desktop);
-        state->setFolderPath(u"/home/ann/my_journal & co/"_qs);
+        state->setFolderPath(u"/home/ann/my_journal & co/"_s);
         const MenuContent ours(*state, MenuContent::Shown::ByUs);
-        QCOMPARE(ours.actions().constFirst()->text(), u"Every 60 min → my_journal && co"_qs);
+        QCOMPARE(ours.actions().constFirst()->text(), u"Every 60 min → my_journal && co"_s);
         const MenuContent theirs(*state, MenuContent::Shown::ByTheDesktop);
-        QCOMPARE(theirs.actions().constFirst()->text(), u"Every 60 min → my__journal && co"_qs);
+        QCOMPARE(theirs.actions().constFirst()->text(), u"Every 60 min → my__journal && co"_s);
     }
 
     void exportedText_doublesTheFirstMarkOnly()
     {
-        QCOMPARE(MenuText::exported(u"a & b & c"_qs), u"a && b & c"_qs);
-        QCOMPARE(MenuText::drawn(u"a & b & c"_qs), u"a && b && c"_qs);
-        QCOMPARE(MenuText::exported(u"plain"_qs), u"plain"_qs);
+        QCOMPARE(MenuText::exported(u"a & b & c"_s), u"a && b & c"_s);
+        QCOMPARE(MenuText::drawn(u"a & b & c"_s), u"a && b && c"_s);
+        QCOMPARE(MenuText::exported(u"plain"_s), u"plain"_s);
     }
 
     void keyEquivalents_workWhileTheMenuIsOpen()
@@ -107,7 +109,7 @@ private slots:
 
         setApplicationDelegate(&delegate);
         check->trigger();
-        QCOMPARE(desktop.updateLog, QStringList{u"check"_qs});
+        QCOMPARE(desktop.updateLog, QStringList{u"check"_s});
     }
 };
 

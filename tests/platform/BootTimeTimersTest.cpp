@@ -5,6 +5,8 @@
 #include <QMenu>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 class BootTimeTimersTest final : public QObject
@@ -40,7 +42,7 @@ private slots:
     void timer_firesWhileAMenuIsOpen()
     {
         QMenu menu;
-        menu.addAction(u"x"_qs);
+        menu.addAction(u"x"_s);
         const auto timer = BootTimeTimers().repeat(1s, [&] { menu.close(); });
         menu.exec(); // ends only when the timer has fired
         QVERIFY(!menu.isVisible());

@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 /// Looks only for files; nothing is played.
 class CanberraSoundsTest : public QObject
 {
@@ -15,7 +17,7 @@ private slots:
     {
         CanberraSounds sounds;
         for (const QString &name : AppState::availableSounds()) {
-            QVERIFY2(soundFilePath(name).endsWith(u"/sounds/tovla/stereo/%1.wav"_qs.arg(name)),
+            QVERIFY2(soundFilePath(name).endsWith(u"/sounds/tovla/stereo/%1.wav"_s.arg(name)),
                      qPrintable(name));
             QVERIFY2(sounds.soundNamed(name), qPrintable(name));
         }
@@ -25,11 +27,11 @@ private slots:
     {
         QTest::addColumn<QString>("name");
         QTest::newRow("empty") << QString();
-        QTest::newRow("unknown") << u"Bark"_qs;
-        QTest::newRow("of every desktop's theme") << u"bell"_qs;
-        QTest::newRow("another case") << u"purr"_qs;
-        QTest::newRow("a way out of the folder") << u"../stereo/Purr"_qs;
-        QTest::newRow("cut short") << u"Purr"_qs + QChar(QChar::Null);
+        QTest::newRow("unknown") << u"Bark"_s;
+        QTest::newRow("of every desktop's theme") << u"bell"_s;
+        QTest::newRow("another case") << u"purr"_s;
+        QTest::newRow("a way out of the folder") << u"../stereo/Purr"_s;
+        QTest::newRow("cut short") << u"Purr"_s + QChar(QChar::Null);
     }
 
     void otherNames_areNoSound()

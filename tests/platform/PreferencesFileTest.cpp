@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class PreferencesFileTest final : public QObject
 {
     Q_OBJECT
@@ -17,21 +19,21 @@ private slots:
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<qint64>("number");
-        QTest::newRow("plain") << u"30"_qs << 30LL;
-        QTest::newRow("blanks") << u"  30 "_qs << 30LL;
-        QTest::newRow("plus") << u"+7"_qs << 7LL;
-        QTest::newRow("minus") << u"-5"_qs << -5LL;
-        QTest::newRow("two signs") << u"+-5"_qs << 0LL;
-        QTest::newRow("fraction") << u"30.7"_qs << 30LL;
-        QTest::newRow("exponent") << u"1e3"_qs << 1LL;
-        QTest::newRow("hexadecimal") << u"0x10"_qs << 0LL;
-        QTest::newRow("unit") << u"45 minutes"_qs << 45LL;
-        QTest::newRow("word") << u"often"_qs << 0LL;
+        QTest::newRow("plain") << u"30"_s << 30LL;
+        QTest::newRow("blanks") << u"  30 "_s << 30LL;
+        QTest::newRow("plus") << u"+7"_s << 7LL;
+        QTest::newRow("minus") << u"-5"_s << -5LL;
+        QTest::newRow("two signs") << u"+-5"_s << 0LL;
+        QTest::newRow("fraction") << u"30.7"_s << 30LL;
+        QTest::newRow("exponent") << u"1e3"_s << 1LL;
+        QTest::newRow("hexadecimal") << u"0x10"_s << 0LL;
+        QTest::newRow("unit") << u"45 minutes"_s << 45LL;
+        QTest::newRow("word") << u"often"_s << 0LL;
         QTest::newRow("empty") << QString() << 0LL;
-        QTest::newRow("largest") << u"9223372036854775807"_qs << std::numeric_limits<qint64>::max();
-        QTest::newRow("too large") << u"9223372036854775808"_qs << 0LL;
+        QTest::newRow("largest") << u"9223372036854775807"_s << std::numeric_limits<qint64>::max();
+        QTest::newRow("too large") << u"9223372036854775808"_s << 0LL;
         QTest::newRow("far too large") << QString(400, u'9') << 0LL;
-        QTest::newRow("foreign digits") << u"٣٠"_qs << 0LL;
+        QTest::newRow("foreign digits") << u"٣٠"_s << 0LL;
     }
 
     void leadingInteger()
@@ -43,16 +45,16 @@ private slots:
     void missing_isNothing()
     {
         const PreferencesFile preferences(path());
-        QVERIFY(!preferences.string(u"folderPath"_qs));
-        QCOMPARE(preferences.integer(u"intervalMinutes"_qs), 0);
+        QVERIFY(!preferences.string(u"folderPath"_s));
+        QCOMPARE(preferences.integer(u"intervalMinutes"_s), 0);
         QVERIFY(!QFile::exists(path()));
     }
 
     void values_areOnTheDiskAtOnce_inTheNamedPlace()
     {
         PreferencesFile preferences(path());
-        preferences.setString(u"theme"_qs, u"dark"_qs);
-        preferences.setInteger(u"intervalMinutes"_qs, 25);
+        preferences.setString(u"theme"_s, u"dark"_s);
+        preferences.setInteger(u"intervalMinutes"_s, 25);
         const QByteArray file = contents();
         QVERIFY(file.startsWith("[General]\n"));
         QVERIFY(file.contains("theme=dark\n"));
@@ -61,15 +63,15 @@ private slots:
 
     void text_roundTrips()
     {
-        const QStringList texts{u"/home/ann/Notes, and more; \"x\" \\ %20"_qs,
-                                u"@weird"_qs,
-                                u" leading"_qs,
-                                u"ünï 👩‍👩‍👧"_qs,
-                                u"line\nbreak"_qs,
-                                QString(u""_qs)};
+        const QStringList texts{u"/home/ann/Notes, and more; \"x\" \\ %20"_s,
+                                u"@weird"_s,
+                                u" leading"_s,
+                                u"ünï 👩‍👩‍👧"_s,
+                                u"line\nbreak"_s,
+                                QString(u""_s)};
         for (const QString &text : texts) {
-            PreferencesFile(path()).setString(u"folderPath"_qs, text);
-            QCOMPARE(PreferencesFile(path()).string(u"folderPath"_qs), std::optional(text));
+            PreferencesFile(path()).setString(u"folderPath"_s, text);
+            QCOMPARE(PreferencesFile(path()).string(u"folderPath"_s), std::optional(text));
         }
     }
 
@@ -77,14 +79,14 @@ private slots:
     {
         write("[General]\nintervalMinutes=30, 40\nfolderPath=/home/ann/a, b\n");
         const PreferencesFile preferences(path());
-        QCOMPARE(preferences.integer(u"intervalMinutes"_qs), 30);
-        QCOMPARE(preferences.string(u"folderPath"_qs), std::optional(u"/home/ann/a, b"_qs));
+        QCOMPARE(preferences.integer(u"intervalMinutes"_s), 30);
+        QCOMPARE(preferences.string(u"folderPath"_s), std::optional(u"/home/ann/a, b"_s));
     }
 
     void unknownKeys_stay()
     {
         write("[General]\nfuture=1\n\n[Elsewhere]\nkey=value\n");
-        PreferencesFile(path()).setString(u"theme"_qs, u"dark"_qs);
+        PreferencesFile(path()).setString(u"theme"_s, u"dark"_s);
         const QByteArray file = contents();
         QVERIFY(file.contains("future=1\n"));
         QVERIFY(file.contains("[Elsewhere]\nkey=value\n"));
@@ -93,9 +95,9 @@ private slots:
     void keysChangedByAnother_stay()
     {
         PreferencesFile ours(path());
-        ours.setString(u"theme"_qs, u"dark"_qs);
-        PreferencesFile(path()).setString(u"other"_qs, u"kept"_qs);
-        ours.setInteger(u"intervalMinutes"_qs, 5);
+        ours.setString(u"theme"_s, u"dark"_s);
+        PreferencesFile(path()).setString(u"other"_s, u"kept"_s);
+        ours.setInteger(u"intervalMinutes"_s, 5);
         QVERIFY(contents().contains("other=kept\n"));
     }
 
@@ -103,9 +105,9 @@ private slots:
     {
         write(QByteArray("\xFF\xFE\0garbage\n[General\n=\n[General]\ntheme=dark\n", 44));
         PreferencesFile preferences(path());
-        QCOMPARE(preferences.integer(u"intervalMinutes"_qs), 0);
-        preferences.setInteger(u"intervalMinutes"_qs, 5);
-        QCOMPARE(PreferencesFile(path()).integer(u"intervalMinutes"_qs), 5);
+        QCOMPARE(preferences.integer(u"intervalMinutes"_s), 0);
+        preferences.setInteger(u"intervalMinutes"_s, 5);
+        QCOMPARE(PreferencesFile(path()).integer(u"intervalMinutes"_s), 5);
     }
 
     void unwritablePlace_keepsTheValueForTheRun()
@@ -113,16 +115,16 @@ private slots:
         // A directory stands where the file should be; no permission is needed to test that.
         QVERIFY(QDir().mkpath(path()));
         PreferencesFile preferences(path());
-        preferences.setString(u"theme"_qs, u"dark"_qs);
-        QCOMPARE(preferences.string(u"theme"_qs), std::optional(u"dark"_qs));
+        preferences.setString(u"theme"_s, u"dark"_s);
+        QCOMPARE(preferences.string(u"theme"_s), std::optional(u"dark"_s));
         QVERIFY(QDir(path()).exists());
     }
 
 private:
-    [[nodiscard]] QString path() const { return m_place->filePath(u"Tovla/Tovla.conf"_qs); }
+    [[nodiscard]] QString path() const { return m_place->filePath(u"Tovla/Tovla.conf"_s); }
     void write(const QByteArray &bytes) const
     {
-        QVERIFY(QDir().mkpath(m_place->filePath(u"Tovla"_qs)));
+        QVERIFY(QDir().mkpath(m_place->filePath(u"Tovla"_s)));
         QFile file(path());
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }

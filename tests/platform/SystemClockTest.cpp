@@ -9,12 +9,14 @@
 
 #include <sys/timex.h>
 
+using namespace Qt::StringLiterals;
+
 class SystemClockTest final : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void now_isInUtc() { QCOMPARE(SystemClock().now().timeSpec(), Qt::UTC); }
+    void now_isInUtc() { QCOMPARE(SystemClock().now().offsetFromUtc(), 0); }
 
     void setClock_isNoticed_everyTime()
     {
@@ -31,12 +33,12 @@ private slots:
     void replacedZone_isNoticed()
     {
         const QTemporaryDir dir;
-        const QString link = dir.filePath(u"localtime"_qs);
-        QVERIFY(QFile::link(u"/usr/share/zoneinfo/Europe/Berlin"_qs, link));
+        const QString link = dir.filePath(u"localtime"_s);
+        QVERIFY(QFile::link(u"/usr/share/zoneinfo/Europe/Berlin"_s, link));
         const SystemClock clock(link);
         QSignalSpy zoneChanged(&clock, &Clock::zoneChanged);
-        QVERIFY(QFile::link(u"/usr/share/zoneinfo/Asia/Tokyo"_qs, link + u".new"_qs));
-        QVERIFY(std::rename(QFile::encodeName(link + u".new"_qs), QFile::encodeName(link)) == 0);
+        QVERIFY(QFile::link(u"/usr/share/zoneinfo/Asia/Tokyo"_s, link + u".new"_s));
+        QVERIFY(std::rename(QFile::encodeName(link + u".new"_s), QFile::encodeName(link)) == 0);
         QTRY_VERIFY(!zoneChanged.isEmpty());
     }
 

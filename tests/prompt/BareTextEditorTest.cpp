@@ -9,6 +9,8 @@
 #include <QScrollBar>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class BareTextEditorTest final : public QObject
 {
     Q_OBJECT
@@ -45,24 +47,24 @@ private slots:
         QTRY_VERIFY(m_editor->hasFocus());
         const int line = lineHeight();
         m_heights.clear();
-        QTest::keyClicks(m_editor, u"one"_qs);
+        QTest::keyClicks(m_editor, u"one"_s);
         QVERIFY(m_heights.isEmpty());
         QTest::keyClick(m_editor, Qt::Key_Return);
-        QTest::keyClicks(m_editor, u"two"_qs);
+        QTest::keyClicks(m_editor, u"two"_s);
         QTest::keyClick(m_editor, Qt::Key_Return, Qt::ShiftModifier);
         QCOMPARE(m_heights, (QList<double>{2.0 * line + 32, 3.0 * line + 32}));
-        QCOMPARE(m_editor->text(), u"one\ntwo\n"_qs);
+        QCOMPARE(m_editor->text(), u"one\ntwo\n"_s);
     }
 
     void keypadEnter_breaksTheLine()
     {
         QTest::keyClick(m_editor, Qt::Key_Enter, Qt::KeypadModifier);
-        QCOMPARE(m_editor->text(), u"\n"_qs);
+        QCOMPARE(m_editor->text(), u"\n"_s);
     }
 
     void longPaste_reportsTheCap_andScrolls()
     {
-        paste(u"line\n"_qs.repeated(1000));
+        paste(u"line\n"_s.repeated(1000));
         QCOMPARE(m_height, 320.0);
         QVERIFY(m_editor->verticalScrollBar()->value() > 0);
         QVERIFY(!m_editor->verticalScrollBar()->isVisible());
@@ -75,7 +77,7 @@ private slots:
 
     void shrinking_isReportedToo()
     {
-        paste(u"a\nb\nc"_qs);
+        paste(u"a\nb\nc"_s);
         const double before = m_height;
         QTest::keyClick(m_editor, Qt::Key_A, Qt::ControlModifier);
         QTest::keyClick(m_editor, Qt::Key_Delete);
@@ -84,7 +86,7 @@ private slots:
 
     void atTheFittingHeight_nothingScrolls()
     {
-        paste(u"a\nb\nc"_qs);
+        paste(u"a\nb\nc"_s);
         m_editor->resize(494, static_cast<int>(m_height) - 32 + 1);
         QCOMPARE(m_editor->verticalScrollBar()->maximum(), 0);
     }
@@ -92,49 +94,48 @@ private slots:
     void styledText_isPastedPlain()
     {
         auto *const styled = new QMimeData;
-        styled->setHtml(u"<b>bold</b> word"_qs);
-        styled->setText(u"bold\r\nword\u2028x"_qs);
+        styled->setHtml(u"<b>bold</b> word"_s);
+        styled->setText(u"bold\r\nword\u2028x"_s);
         QGuiApplication::clipboard()->setMimeData(styled);
         m_editor->paste();
-        QCOMPARE(m_editor->text(), u"bold\nword\nx"_qs);
+        QCOMPARE(m_editor->text(), u"bold\nword\nx"_s);
         QVERIFY(!m_editor->textCursor().charFormat().hasProperty(QTextFormat::FontWeight));
     }
 
     void htmlAlone_isPastedAsItsText()
     {
         auto *const styled = new QMimeData;
-        styled->setHtml(u"<p>one</p><p>two</p>"_qs);
+        styled->setHtml(u"<p>one</p><p>two</p>"_s);
         QGuiApplication::clipboard()->setMimeData(styled);
         m_editor->paste();
-        QCOMPARE(m_editor->text(), u"one\ntwo"_qs);
+        QCOMPARE(m_editor->text(), u"one\ntwo"_s);
     }
 
     void everyCharacter_isKept()
     {
         const QString text
-            = u"\u00A0\tx\u00A0 👩‍👩‍👧 e\u0301\u0085\uFEFF\u200F.\v\f\uFFFC"_qs;
+            = u"\u00A0\tx\u00A0 👩‍👩‍👧 e\u0301\u0085\uFEFF\u200F.\v\f\uFFFC"_s;
         paste(text);
         QCOMPARE(m_editor->text(), text);
         m_editor->selectAll();
         m_editor->copy();
         QCOMPARE(QGuiApplication::clipboard()->text(), text);
-        QCOMPARE(QGuiApplication::clipboard()->mimeData()->formats(),
-                 QStringList{u"text/plain"_qs});
+        QCOMPARE(QGuiApplication::clipboard()->mimeData()->formats(), QStringList{u"text/plain"_s});
     }
 
     void committedText_isPlainToo()
     {
         QInputMethodEvent commit;
-        commit.setCommitString(u"a\u2028b\rc"_qs + QChar(0));
+        commit.setCommitString(u"a\u2028b\rc"_s + QChar(0));
         QCoreApplication::sendEvent(m_editor, &commit);
-        QCOMPARE(m_editor->text(), u"a\nb\nc\uFFFD"_qs);
+        QCOMPARE(m_editor->text(), u"a\nb\nc\uFFFD"_s);
     }
 
     void composing_hidesThePlaceholder()
     {
-        m_editor->setPlaceholderText(u"question"_qs);
+        m_editor->setPlaceholderText(u"question"_s);
         const QImage asking = m_editor->grab().toImage();
-        QInputMethodEvent composing(u" "_qs, {});
+        QInputMethodEvent composing(u" "_s, {});
         QCoreApplication::sendEvent(m_editor, &composing);
         QVERIFY(m_editor->isComposing());
         QVERIFY(m_editor->grab().toImage() != asking);
@@ -142,28 +143,28 @@ private slots:
 
     void setText_onlyReplacesWhatDiffers()
     {
-        paste(u"same"_qs);
+        paste(u"same"_s);
         QVERIFY(m_editor->document()->isUndoAvailable());
-        m_editor->setText(u"same"_qs);
+        m_editor->setText(u"same"_s);
         QVERIFY(m_editor->document()->isUndoAvailable());
-        m_editor->setText(u"other"_qs);
-        QCOMPARE(m_editor->text(), u"other"_qs);
+        m_editor->setText(u"other"_s);
+        QCOMPARE(m_editor->text(), u"other"_s);
     }
 
     void undo_takesAPasteBackAtOnce()
     {
-        QTest::keyClicks(m_editor, u"a"_qs);
-        paste(u"b\nc\nd"_qs);
+        QTest::keyClicks(m_editor, u"a"_s);
+        paste(u"b\nc\nd"_s);
         QTest::keyClick(m_editor, Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(m_editor->text(), u"a"_qs);
+        QCOMPARE(m_editor->text(), u"a"_s);
         QTest::keyClick(m_editor, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-        QCOMPARE(m_editor->text(), u"ab\nc\nd"_qs);
+        QCOMPARE(m_editor->text(), u"ab\nc\nd"_s);
     }
 
     void tab_isText()
     {
         QTest::keyClick(m_editor, Qt::Key_Tab);
-        QCOMPARE(m_editor->text(), u"\t"_qs);
+        QCOMPARE(m_editor->text(), u"\t"_s);
     }
 
     void deadBand_writesNothing()
@@ -171,10 +172,10 @@ private slots:
         QTRY_VERIFY(m_editor->hasFocus());
         m_heights.clear();
         m_height += 0.5;
-        QTest::keyClicks(m_editor, u"x"_qs);
+        QTest::keyClicks(m_editor, u"x"_s);
         QVERIFY(m_heights.isEmpty());
         m_height += 0.1;
-        QTest::keyClicks(m_editor, u"x"_qs);
+        QTest::keyClicks(m_editor, u"x"_s);
         QCOMPARE(m_heights.size(), 1);
     }
 
@@ -186,12 +187,12 @@ private slots:
         look.primaryText = look.placeholder;
         m_editor->setLook(look);
         m_editor->clearFocus(); // no caret
-        const QString question = u"What would you like to note about this moment?"_qs;
+        const QString question = u"What would you like to note about this moment?"_s;
         m_editor->setPlaceholderText(question);
         const QImage asked = m_editor->grab().toImage();
         m_editor->setText(question);
         QCOMPARE(m_editor->grab().toImage(), asked);
-        m_editor->setText(u"x"_qs);
+        m_editor->setText(u"x"_s);
         QVERIFY(m_editor->grab().toImage() != asked);
     }
 

@@ -9,6 +9,9 @@
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimeZone>
+
+using namespace Qt::StringLiterals;
 
 class PromptWindowTest final : public QObject
 {
@@ -21,7 +24,7 @@ private slots:
         m_desktop = std::make_unique<TestDesktop>();
         m_desktop->isComposited = false; // the window is its frame: no shadow around it
         m_state = std::make_unique<AppStateForTests>(*m_desktop);
-        (*m_state)->setFolderPath(m_place->filePath(u"Journal"_qs));
+        (*m_state)->setFolderPath(m_place->filePath(u"Journal"_s));
     }
 
     void cleanup() { m_state.reset(); }
@@ -29,9 +32,9 @@ private slots:
     void title_isTheOpenTime_onA24HourClock()
     {
         const TimeZone zone("Europe/Berlin");
-        m_desktop->now = QDateTime(QDate(2026, 11, 15), QTime(13, 30), Qt::UTC);
+        m_desktop->now = QDateTime(QDate(2026, 11, 15), QTime(13, 30), QTimeZone::utc());
         open();
-        QCOMPARE(window()->windowTitle(), u"14:30"_qs);
+        QCOMPARE(window()->windowTitle(), u"14:30"_s);
     }
 
     void opensSettled_inTheUpperThirdOfTheScreen()
@@ -53,7 +56,7 @@ private slots:
         const int line = editor()->cursorRect().height();
         QTRY_COMPARE(window()->height(), before + line);
         before = window()->height();
-        paste(u"x\n"_qs.repeated(100));
+        paste(u"x\n"_s.repeated(100));
         QTRY_COMPARE(window()->height(), 28 + 344);
         QCOMPARE(window()->pos(), place);
         QCOMPARE(window()->width(), 560);
@@ -91,13 +94,13 @@ private slots:
         QCOMPARE(window()->windowTitle(), title);
         QCOMPARE(window()->pos(), QPoint(10, 10));
         QCOMPARE(m_desktop->presented.size(), 1);
-        QCOMPARE(m_desktop->soundLog, QStringList{u"play Purr"_qs});
+        QCOMPARE(m_desktop->soundLog, QStringList{u"play Purr"_s});
     }
 
     void closeButton_leavesAStaleWindow_andTheNextIsFresh()
     {
         open();
-        QTest::keyClicks(editor(), u"lost"_qs);
+        QTest::keyClicks(editor(), u"lost"_s);
         const QPointer first = window();
         QTest::mouseClick(closeButton(), Qt::LeftButton);
         QVERIFY(!window()->isVisible());
@@ -112,7 +115,7 @@ private slots:
     void escape_dropsTheNote()
     {
         open();
-        QTest::keyClicks(editor(), u"lost"_qs);
+        QTest::keyClicks(editor(), u"lost"_s);
         const QPointer closing = window();
         QTest::keyClick(editor(), Qt::Key_Escape);
         QVERIFY(!window());
@@ -144,7 +147,7 @@ private slots:
         QFETCH(bool, fromButton);
         const TimeZone zone("Europe/Berlin");
         open();
-        QTest::keyClicks(editor(), u"  word"_qs);
+        QTest::keyClicks(editor(), u"  word"_s);
         QTest::keyClick(editor(), Qt::Key_Return);
         QTest::keyClick(editor(), Qt::Key_Return);
         QWidget *const target = fromButton ? static_cast<QWidget *>(closeButton()) : editor();
@@ -157,26 +160,26 @@ private slots:
     void blankNote_isNotSubmitted()
     {
         open();
-        QTest::keyClicks(editor(), u"  "_qs);
+        QTest::keyClicks(editor(), u"  "_s);
         QTest::keyClick(editor(), Qt::Key_Return);
         QTest::keyClick(editor(), Qt::Key_Return, Qt::ControlModifier);
         QVERIFY(window()->isVisible());
-        QCOMPARE(editor()->toPlainText(), u"  \n"_qs);
+        QCOMPARE(editor()->toPlainText(), u"  \n"_s);
         QVERIFY(m_desktop->alerts.isEmpty());
     }
 
     void heldKeys_areNoNewPress()
     {
         open();
-        QTest::keyClicks(editor(), u"x"_qs);
+        QTest::keyClicks(editor(), u"x"_s);
         constexpr bool isPress = true;
         constexpr bool isRepeat = true;
-        QTest::simulateEvent(editor(), isPress, Qt::Key_Return, Qt::ControlModifier, u"\r"_qs,
+        QTest::simulateEvent(editor(), isPress, Qt::Key_Return, Qt::ControlModifier, u"\r"_s,
                              isRepeat);
         QTest::simulateEvent(editor(), isPress, Qt::Key_Escape, Qt::NoModifier, QString(),
                              isRepeat);
         QVERIFY(window()->isVisible());
-        QCOMPARE(editor()->toPlainText(), u"x"_qs);
+        QCOMPARE(editor()->toPlainText(), u"x"_s);
         QTest::keyClick(editor(), Qt::Key_Return, Qt::ControlModifier);
         QVERIFY(!window());
     }
@@ -185,7 +188,7 @@ private slots:
     {
         const TimeZone zone("Europe/Berlin");
         open();
-        paste(u"one\n    two"_qs);
+        paste(u"one\n    two"_s);
         QTest::keyClick(editor(), Qt::Key_Return, Qt::ControlModifier);
         QCOMPARE(day(), "# 2026-11-15\n\n## 10:05\none\n    two\n");
     }
@@ -203,7 +206,7 @@ private slots:
     void clickIntoThePadding_placesTheCaret()
     {
         open();
-        QTest::keyClicks(editor(), u"word"_qs);
+        QTest::keyClicks(editor(), u"word"_s);
         QWidget *const box = editor()->parentWidget();
         QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(4, box->height() / 2));
         QCOMPARE(editor()->textCursor().position(), 0);
@@ -269,7 +272,7 @@ private:
     }
     [[nodiscard]] QByteArray day() const
     {
-        QFile file((*m_state)->folderPath() + u"/2026-11-15.md"_qs);
+        QFile file((*m_state)->folderPath() + u"/2026-11-15.md"_s);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
     }
 

@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class IntervalTextTest final : public QObject
 {
     Q_OBJECT
@@ -10,9 +12,9 @@ class IntervalTextTest final : public QObject
 private slots:
     void text_isGroupedAsTheLocaleDoes()
     {
-        QCOMPARE(IntervalText::text(1440, QLocale(u"en_US"_qs)), u"1,440"_qs);
-        QCOMPARE(IntervalText::text(1440, QLocale(u"de_DE"_qs)), u"1.440"_qs);
-        QCOMPARE(IntervalText::text(1440, QLocale(u"es_ES"_qs)), u"1440"_qs);
+        QCOMPARE(IntervalText::text(1440, QLocale(u"en_US"_s)), u"1,440"_s);
+        QCOMPARE(IntervalText::text(1440, QLocale(u"de_DE"_s)), u"1.440"_s);
+        QCOMPARE(IntervalText::text(1440, QLocale(u"es_ES"_s)), u"1440"_s);
     }
 
     void parsed_data()
@@ -20,18 +22,18 @@ private slots:
         QTest::addColumn<QString>("locale");
         QTest::addColumn<QString>("text");
         QTest::addColumn<qint64>("minutes"); // 0 for none
-        QTest::newRow("plain") << u"en_US"_qs << u"45"_qs << 45LL;
-        QTest::newRow("blanks") << u"en_US"_qs << u" 45 "_qs << 45LL;
-        QTest::newRow("grouped") << u"en_US"_qs << u"1,440"_qs << 1440LL;
-        QTest::newRow("grouped German") << u"de_DE"_qs << u"1.440"_qs << 1440LL;
-        QTest::newRow("plain German") << u"de_DE"_qs << u"1440"_qs << 1440LL;
-        QTest::newRow("typed space French") << u"fr_FR"_qs << u"1 440"_qs << 1440LL;
-        QTest::newRow("no-break space French") << u"fr_FR"_qs << u"1\u00A0440"_qs << 1440LL;
-        QTest::newRow("negative") << u"en_US"_qs << u"-5"_qs << -5LL;
-        QTest::newRow("letters") << u"en_US"_qs << u"often"_qs << 0LL;
-        QTest::newRow("fraction") << u"en_US"_qs << u"2.5"_qs << 0LL;
-        QTest::newRow("beyond 64 bits") << u"en_US"_qs << u"9223372036854775808"_qs << 0LL;
-        QTest::newRow("empty") << u"en_US"_qs << QString() << 0LL;
+        QTest::newRow("plain") << u"en_US"_s << u"45"_s << 45LL;
+        QTest::newRow("blanks") << u"en_US"_s << u" 45 "_s << 45LL;
+        QTest::newRow("grouped") << u"en_US"_s << u"1,440"_s << 1440LL;
+        QTest::newRow("grouped German") << u"de_DE"_s << u"1.440"_s << 1440LL;
+        QTest::newRow("plain German") << u"de_DE"_s << u"1440"_s << 1440LL;
+        QTest::newRow("typed space French") << u"fr_FR"_s << u"1 440"_s << 1440LL;
+        QTest::newRow("no-break space French") << u"fr_FR"_s << u"1\u00A0440"_s << 1440LL;
+        QTest::newRow("negative") << u"en_US"_s << u"-5"_s << -5LL;
+        QTest::newRow("letters") << u"en_US"_s << u"often"_s << 0LL;
+        QTest::newRow("fraction") << u"en_US"_s << u"2.5"_s << 0LL;
+        QTest::newRow("beyond 64 bits") << u"en_US"_s << u"9223372036854775808"_s << 0LL;
+        QTest::newRow("empty") << u"en_US"_s << QString() << 0LL;
     }
 
     void parsed()
@@ -53,10 +55,10 @@ private slots:
     void hoursAndMinutes_neverHasSeconds()
     {
         const QTime time(15, 5, 59);
-        QCOMPARE(IntervalText::hoursAndMinutes(time, QLocale::c()), u"15:05"_qs);
-        QCOMPARE(IntervalText::hoursAndMinutes(time, QLocale(u"de_DE"_qs)), u"15:05"_qs);
-        QCOMPARE(IntervalText::hoursAndMinutes(time, QLocale(u"en_US"_qs)).left(4), u"3:05"_qs);
-        QVERIFY(IntervalText::hoursAndMinutes(time, QLocale(u"en_US"_qs)).endsWith(u"PM"_qs));
+        QCOMPARE(IntervalText::hoursAndMinutes(time, QLocale::c()), u"15:05"_s);
+        QCOMPARE(IntervalText::hoursAndMinutes(time, QLocale(u"de_DE"_s)), u"15:05"_s);
+        QCOMPARE(IntervalText::hoursAndMinutes(time, QLocale(u"en_US"_s)).left(4), u"3:05"_s);
+        QVERIFY(IntervalText::hoursAndMinutes(time, QLocale(u"en_US"_s)).endsWith(u"PM"_s));
         for (const QLocale &locale : QLocale::matchingLocales(
                  QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory)) {
             QVERIFY2(!IntervalText::hoursAndMinutes(time, locale).contains(locale.toString(59)),

@@ -13,6 +13,8 @@
 #include <QRadioButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 class SettingsWindowTest final : public QObject
 {
     Q_OBJECT
@@ -31,7 +33,7 @@ private slots:
     void window_isOne_andKeepsItsPlace()
     {
         QWidget *const first = window();
-        QCOMPARE(first->windowTitle(), u"Tovla Settings"_qs);
+        QCOMPARE(first->windowTitle(), u"Tovla Settings"_s);
         first->move(17, 19);
         (*m_state)->showSettings();
         QCOMPARE(window(), first);
@@ -70,7 +72,7 @@ private slots:
 
     void unknownSymbol_leavesAnEmptyTile()
     {
-        IconTile unknown(u"no.such.symbol"_qs, Tints::blue, nullptr);
+        IconTile unknown(u"no.such.symbol"_s, Tints::blue, nullptr);
         const QImage image = unknown.grab().toImage();
         QVERIFY(image.pixelColor(17, 17).blue() == 255);
         QCOMPARE(image.pixelColor(17, 17), image.pixelColor(5, 17));
@@ -78,25 +80,25 @@ private slots:
 
     void withoutFolder_onlyThatIsSaid()
     {
-        QVERIFY(label(u"No folder selected"_qs)->isVisible());
+        QVERIFY(label(u"No folder selected"_s)->isVisible());
         QVERIFY(!path()->isVisible());
     }
 
     void chosenFolder_showsNameAndPath()
     {
-        m_desktop->chosenFolder = u"/home/ann/my_journal & co/"_qs;
+        m_desktop->chosenFolder = u"/home/ann/my_journal & co/"_s;
         QTest::mouseClick(button(), Qt::LeftButton);
-        QCOMPARE(m_desktop->chooserPrompt, u"Choose"_qs);
+        QCOMPARE(m_desktop->chooserPrompt, u"Choose"_s);
         QCOMPARE((*m_state)->folderPath(), m_desktop->chosenFolder);
         QTRY_VERIFY(path()->isVisible());
         QCOMPARE(path()->text(), m_desktop->chosenFolder);
-        QVERIFY(label(u"my_journal & co"_qs)->isVisible());
-        QVERIFY(!label(u"No folder selected"_qs)->isVisible());
+        QVERIFY(label(u"my_journal & co"_s)->isVisible());
+        QVERIFY(!label(u"No folder selected"_s)->isVisible());
     }
 
     void sameFolderAgain_restartsTheTimer()
     {
-        m_desktop->chosenFolder = u"/home/ann/Journal"_qs;
+        m_desktop->chosenFolder = u"/home/ann/Journal"_s;
         QTest::mouseClick(button(), Qt::LeftButton);
         const int timers = m_desktop->timersMade;
         QTest::mouseClick(button(), Qt::LeftButton);
@@ -114,7 +116,7 @@ private slots:
 
     void longPath_doesNotWidenTheWindow()
     {
-        (*m_state)->setFolderPath(u"/home/ann"_qs + u"/a very long folder name"_qs.repeated(20));
+        (*m_state)->setFolderPath(u"/home/ann"_s + u"/a very long folder name"_s.repeated(20));
         QTRY_VERIFY(path()->isVisible());
         QCOMPARE(window()->width(), 440);
         QVERIFY(path()->geometry().right() < button()->geometry().left());
@@ -124,11 +126,11 @@ private slots:
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<qint64>("minutes");
-        QTest::newRow("plain") << u"25"_qs << 25LL;
-        QTest::newRow("zero") << u"0"_qs << 1LL;
-        QTest::newRow("too many") << u"5000"_qs << 1440LL;
-        QTest::newRow("letters") << u"often"_qs << 60LL;
-        QTest::newRow("beyond 64 bits") << u"99999999999999999999"_qs << 60LL;
+        QTest::newRow("plain") << u"25"_s << 25LL;
+        QTest::newRow("zero") << u"0"_s << 1LL;
+        QTest::newRow("too many") << u"5000"_s << 1440LL;
+        QTest::newRow("letters") << u"often"_s << 60LL;
+        QTest::newRow("beyond 64 bits") << u"99999999999999999999"_s << 60LL;
     }
 
     void typedNumber_isTakenOnReturn_andClamped()
@@ -149,7 +151,7 @@ private slots:
         QCOMPARE(m_desktop->writes, 0);
         number()->setFocus();
         number()->selectAll();
-        QTest::keyClicks(number(), u"30"_qs);
+        QTest::keyClicks(number(), u"30"_s);
         QTest::keyClick(number(), Qt::Key_Tab);
         QCOMPARE((*m_state)->intervalMinutes(), 30);
         QCOMPARE(m_desktop->writes, 1);
@@ -159,7 +161,7 @@ private slots:
     {
         number()->setFocus();
         number()->selectAll();
-        QTest::keyClicks(number(), u"30"_qs);
+        QTest::keyClicks(number(), u"30"_s);
         QTest::keyClick(number(), Qt::Key_W, Qt::ControlModifier);
         QVERIFY(!window()->isVisible());
         QCOMPARE((*m_state)->intervalMinutes(), 30);
@@ -194,30 +196,30 @@ private slots:
 
     void unit_isSingularAtOne()
     {
-        QVERIFY(label(u"minutes"_qs));
+        QVERIFY(label(u"minutes"_s));
         (*m_state)->setIntervalMinutes(1);
-        QTRY_VERIFY(label(u"minute"_qs));
+        QTRY_VERIFY(label(u"minute"_s));
         (*m_state)->setIntervalMinutes(2);
-        QTRY_VERIFY(label(u"minutes"_qs));
+        QTRY_VERIFY(label(u"minutes"_s));
     }
 
     void nextPrompt_isShownOnlyWhenThereIsOne()
     {
-        QVERIFY(!label(u"next at"_qs)->isVisible());
-        (*m_state)->setFolderPath(u"/tmp/Journal"_qs);
-        QTRY_VERIFY(label(u"next at"_qs)->isVisible());
-        QVERIFY(label(u"11:05"_qs)); // 09:05 UTC and an hour, in Berlin
+        QVERIFY(!label(u"next at"_s)->isVisible());
+        (*m_state)->setFolderPath(u"/tmp/Journal"_s);
+        QTRY_VERIFY(label(u"next at"_s)->isVisible());
+        QVERIFY(label(u"11:05"_s)); // 09:05 UTC and an hour, in Berlin
         (*m_state)->setFolderPath(QString());
-        QTRY_VERIFY(!label(u"next at"_qs)->isVisible());
+        QTRY_VERIFY(!label(u"next at"_s)->isVisible());
     }
 
     void nextPrompt_isShownInTheZoneOfNow()
     {
         const TimeZone berlin("Europe/Berlin");
-        (*m_state)->setFolderPath(u"/tmp/Journal"_qs);
-        QTRY_VERIFY(label(u"11:05"_qs));
+        (*m_state)->setFolderPath(u"/tmp/Journal"_s);
+        QTRY_VERIFY(label(u"11:05"_s));
         m_desktop->setZone("Asia/Tokyo");
-        QTRY_VERIFY(label(u"19:05"_qs));
+        QTRY_VERIFY(label(u"19:05"_s));
     }
 
     void radios_chooseTheTheme()
@@ -236,24 +238,51 @@ private slots:
     {
         auto *const popUp = window()->findChild<QComboBox *>();
         QCOMPARE(popUp->count(), 14);
-        QCOMPARE(popUp->currentText(), u"Purr"_qs);
+        QCOMPARE(popUp->currentText(), u"Purr"_s);
         popUp->setFocus();
-        QTest::keyClicks(popUp, u"Gl"_qs);
-        QCOMPARE((*m_state)->soundName(), u"Glass"_qs);
+        QTest::keyClicks(popUp, u"Gl"_s);
+        QCOMPARE((*m_state)->soundName(), u"Glass"_s);
         QVERIFY(m_desktop->soundLog.isEmpty());
         const auto buttons = window()->findChildren<QPushButton *>();
         QTest::mouseClick(buttons.constLast(), Qt::LeftButton);
-        QCOMPARE(m_desktop->soundLog, QStringList{u"play Glass"_qs});
+        QCOMPARE(m_desktop->soundLog, QStringList{u"play Glass"_s});
     }
 
     void mnemonics_pressTheirButtons()
     {
         QTest::keyClick(window(), Qt::Key_P, Qt::AltModifier);
-        QTRY_COMPARE(m_desktop->soundLog, QStringList{u"play Purr"_qs});
+        QTRY_COMPARE(m_desktop->soundLog, QStringList{u"play Purr"_s});
         QTest::keyClick(window(), Qt::Key_D, Qt::AltModifier);
         QTRY_COMPARE((*m_state)->theme(), ThemePreference::dark);
         QTest::keyClick(window(), Qt::Key_C, Qt::AltModifier);
         QTRY_COMPARE(m_desktop->choosersOpened, 1);
+    }
+
+    void mnemonics_areUnderlinedWhileAltIsHeld()
+    {
+        const auto picture = [this] { return button()->grab().toImage(); };
+        const QImage plain = picture();
+        QTest::keyPress(number(), Qt::Key_Alt);
+        QVERIFY(picture() != plain);
+        QTest::keyRelease(number(), Qt::Key_Alt);
+        QCOMPARE(picture(), plain);
+        QTest::keyPress(number(), Qt::Key_Alt);
+        QEvent leaving(QEvent::WindowDeactivate);
+        QCoreApplication::sendEvent(window(), &leaving);
+        QCOMPARE(picture(), plain);
+    }
+
+    void nextPrompt_isWordedAsTheLocaleInForceDoes()
+    {
+        (*m_state)->setFolderPath(u"/tmp/Journal"_s);
+        QTRY_VERIFY(label(u"11:05"_s));
+        qputenv("LC_ALL", "en_US.UTF-8");
+        QEvent change(QEvent::LocaleChange);
+        QCoreApplication::sendEvent(qApp, &change);
+        qputenv("LC_ALL", "C.UTF-8");
+        QVERIFY(label(u"11:05 AM"_s));
+        QCoreApplication::sendEvent(qApp, &change);
+        QVERIFY(label(u"11:05"_s));
     }
 
     void popUp_hasItsNameForAScreenReader()
@@ -261,8 +290,9 @@ private slots:
         auto *const popUp = window()->findChild<QComboBox *>();
         const QAccessibleInterface *const accessible = QAccessible::queryAccessibleInterface(popUp);
         QCOMPARE(accessible->role(), QAccessible::ComboBox);
-        QCOMPARE(accessible->text(QAccessible::Name), u"Sound"_qs);
-        QCOMPARE(accessible->text(QAccessible::Value), u"Purr"_qs);
+        QCOMPARE(accessible->text(QAccessible::Name), u"Sound"_s);
+        QCOMPARE(accessible->text(QAccessible::Value), u"Purr"_s);
+        QCOMPARE(accessible->text(QAccessible::Description), u"Purr"_s);
     }
 
     void theme_appliesAtOnce()
@@ -286,7 +316,7 @@ private:
         }
         return nullptr;
     }
-    [[nodiscard]] QLineEdit *number() const { return named<QLineEdit>(u"Prompt Frequency"_qs); }
+    [[nodiscard]] QLineEdit *number() const { return named<QLineEdit>(u"Prompt Frequency"_s); }
     [[nodiscard]] QWidget *window() const { return m_state->settingsWindow(); }
     [[nodiscard]] QPushButton *button() const { return window()->findChild<QPushButton *>(); }
     [[nodiscard]] ElidedLabel *path() const { return window()->findChild<ElidedLabel *>(); }

@@ -43,8 +43,14 @@ public:
         m_turns = 0;
         m_turnStarted = worked();
     }
-    [[nodiscard]] std::chrono::nanoseconds longestTurn() const { return m_longestTurn; }
-    [[nodiscard]] int turns() const { return m_turns; }
+    [[nodiscard]] std::chrono::nanoseconds longestTurn() const
+    {
+        return m_longestTurn;
+    }
+    [[nodiscard]] int turns() const
+    {
+        return m_turns;
+    }
 
 private:
     void endTurn()

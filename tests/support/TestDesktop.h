@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QPointer>
 #include <QStringList>
+#include <QTimeZone>
 #include <QWidget>
 
 /// A desktop made for tests: a clock that they turn, a timer that they fire, a store in memory,
@@ -28,7 +29,7 @@ public:
     /// What an AppState is made with; to be asked for once.
     [[nodiscard]] Desktop capabilities();
 
-    QDateTime now{QDate(2026, 11, 15), QTime(9, 5), Qt::UTC};
+    QDateTime now{QDate(2026, 11, 15), QTime(9, 5), QTimeZone::utc()};
     /// As somebody who sets the clock while the program runs.
     void setClock(const QDateTime &time);
     void setZone(const char *name);

@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using Stage = UpdateState::Stage;
 using Failure = UpdateState::Failure;
 using Action = UpdatePage::Action;
@@ -13,13 +15,13 @@ namespace
 {
 UpdatePage page(const UpdateState &state)
 {
-    return UpdatePage::of(state, {u"1.0"_qs, u"/usr/bin/tovla"_qs}, QLocale::c());
+    return UpdatePage::of(state, {u"1.0"_s, u"/usr/bin/tovla"_s}, QLocale::c());
 }
 
 UpdatePage pageOf(Failure failure)
 {
     UpdateState state{.stage = Stage::failed, .failure = failure};
-    state.details = u"what the engine says"_qs;
+    state.details = u"what the engine says"_s;
     return page(state);
 }
 } // namespace
@@ -36,11 +38,11 @@ private slots:
         const auto row = [](Stage stage, const QString &headline) {
             QTest::newRow(qPrintable(headline)) << int(stage) << headline;
         };
-        row(Stage::checking, u"Checking for updates…"_qs);
-        row(Stage::waitingForOthers, u"Waiting for other software changes…"_qs);
-        row(Stage::waitingForAuthorisation, u"Waiting for authorisation…"_qs);
-        row(Stage::downloading, u"Downloading update…"_qs);
-        row(Stage::installing, u"Installing update…"_qs);
+        row(Stage::checking, u"Checking for updates…"_s);
+        row(Stage::waitingForOthers, u"Waiting for other software changes…"_s);
+        row(Stage::waitingForAuthorisation, u"Waiting for authorisation…"_s);
+        row(Stage::downloading, u"Downloading update…"_s);
+        row(Stage::installing, u"Installing update…"_s);
     }
 
     void work_hasABar_andCancelWhereItIsAllowed()
@@ -50,7 +52,7 @@ private slots:
         QTEST(page(state).headline, "headline");
         QVERIFY(page(state).hasBar);
         QVERIFY(!page(state).percentage);
-        QCOMPARE(page(state).secondary, (UpdatePage::Button{u"Cancel"_qs, Action::cancel}));
+        QCOMPARE(page(state).secondary, (UpdatePage::Button{u"Cancel"_s, Action::cancel}));
         QVERIFY(!page(state).canCancel);
         state.canCancel = true;
         state.percentage = 40;
@@ -64,47 +66,47 @@ private slots:
         QCOMPARE(page(state).text, QString());
         state.downloadSize = 2 * 1024 * 1024;
         state.downloadedSize = 512 * 1024;
-        QCOMPARE(page(state).text, u"512.00 KiB of 2.00 MiB"_qs);
+        QCOMPARE(page(state).text, u"512.00 KiB of 2.00 MiB"_s);
     }
 
     void newestVersion()
     {
-        const UpdatePage upToDate = page({.stage = Stage::upToDate, .version = u"1.0"_qs});
-        QCOMPARE(upToDate.headline, u"You're up to date!"_qs);
-        QCOMPARE(upToDate.text, u"Tovla 1.0 is currently the newest version available."_qs);
-        QCOMPARE(upToDate.primary, (UpdatePage::Button{u"OK"_qs, Action::close}));
+        const UpdatePage upToDate = page({.stage = Stage::upToDate, .version = u"1.0"_s});
+        QCOMPARE(upToDate.headline, u"You're up to date!"_s);
+        QCOMPARE(upToDate.text, u"Tovla 1.0 is currently the newest version available."_s);
+        QCOMPARE(upToDate.primary, (UpdatePage::Button{u"OK"_s, Action::close}));
         QVERIFY(!upToDate.hasBar);
     }
 
     void offer()
     {
-        UpdateState state{.stage = Stage::available, .version = u"1.1"_qs};
-        state.releaseNotes = u"<b>notes</b>"_qs;
-        QCOMPARE(page(state).headline, u"A new version of Tovla is available!"_qs);
+        UpdateState state{.stage = Stage::available, .version = u"1.1"_s};
+        state.releaseNotes = u"<b>notes</b>"_s;
+        QCOMPARE(page(state).headline, u"A new version of Tovla is available!"_s);
         QCOMPARE(page(state).text,
-                 u"Tovla 1.1 is now available—you have 1.0. Would you like to install it now?"_qs);
-        QCOMPARE(page(state).releaseNotes, u"<b>notes</b>"_qs);
-        QCOMPARE(page(state).primary, (UpdatePage::Button{u"Install Update"_qs, Action::install}));
-        QCOMPARE(page(state).secondary, (UpdatePage::Button{u"Remind Me Later"_qs, Action::close}));
+                 u"Tovla 1.1 is now available—you have 1.0. Would you like to install it now?"_s);
+        QCOMPARE(page(state).releaseNotes, u"<b>notes</b>"_s);
+        QCOMPARE(page(state).primary, (UpdatePage::Button{u"Install Update"_s, Action::install}));
+        QCOMPARE(page(state).secondary, (UpdatePage::Button{u"Remind Me Later"_s, Action::close}));
         QCOMPARE(page(state).remark, QString());
-        state.otherPackages = QStringList{u"browser"_qs, u"editor"_qs};
-        QCOMPARE(page(state).remark, u"These packages will change too: browser, editor"_qs);
+        state.otherPackages = QStringList{u"browser"_s, u"editor"_s};
+        QCOMPARE(page(state).remark, u"These packages will change too: browser, editor"_s);
         state.wasNotAuthorised = true;
-        QCOMPARE(page(state).remark, u"Authorisation was not given."_qs);
+        QCOMPARE(page(state).remark, u"Authorisation was not given."_s);
     }
 
     void restart_isOffered()
     {
-        const UpdatePage updated = page({.stage = Stage::updated, .version = u"1.1"_qs});
-        QCOMPARE(updated.headline, u"Update Installed"_qs);
-        QCOMPARE(updated.text, u"Tovla is now updated to version 1.1! Restart Tovla to use it."_qs);
-        const UpdatePage replaced = page({.stage = Stage::replaced, .version = u"1.1"_qs});
-        QCOMPARE(replaced.headline, u"A new version of Tovla is ready!"_qs);
+        const UpdatePage updated = page({.stage = Stage::updated, .version = u"1.1"_s});
+        QCOMPARE(updated.headline, u"Update Installed"_s);
+        QCOMPARE(updated.text, u"Tovla is now updated to version 1.1! Restart Tovla to use it."_s);
+        const UpdatePage replaced = page({.stage = Stage::replaced, .version = u"1.1"_s});
+        QCOMPARE(replaced.headline, u"A new version of Tovla is ready!"_s);
         QCOMPARE(replaced.text,
-                 u"Version 1.1 is already installed; this window is still version 1.0."_qs);
+                 u"Version 1.1 is already installed; this window is still version 1.0."_s);
         for (const UpdatePage &each : {updated, replaced}) {
-            QCOMPARE(each.primary, (UpdatePage::Button{u"Restart Now"_qs, Action::restart}));
-            QCOMPARE(each.secondary, (UpdatePage::Button{u"Later"_qs, Action::close}));
+            QCOMPARE(each.primary, (UpdatePage::Button{u"Restart Now"_s, Action::restart}));
+            QCOMPARE(each.secondary, (UpdatePage::Button{u"Later"_s, Action::close}));
         }
     }
 
@@ -114,47 +116,47 @@ private slots:
         QTest::addColumn<QString>("text");
         QTest::newRow("source") << Failure::noSource
                                 << u"Your system does not follow a software source for Tovla, so "
-                                   "newer versions cannot be found."_qs;
+                                   "newer versions cannot be found."_s;
         QTest::newRow("service") << Failure::noService
                                  << u"The system's update service (PackageKit) is not available. "
-                                    "Use your software manager to update Tovla."_qs;
+                                    "Use your software manager to update Tovla."_s;
         QTest::newRow("offline")
             << Failure::offline
-            << u"No network connection. Please try again when you are online."_qs;
+            << u"No network connection. Please try again when you are online."_s;
         QTest::newRow("retrieval")
             << Failure::notRetrieved
-            << u"An error occurred in retrieving update information. Please try again later."_qs;
+            << u"An error occurred in retrieving update information. Please try again later."_s;
         QTest::newRow("signature")
             << Failure::improperlySigned
-            << u"The update information is improperly signed, so it was not used."_qs;
+            << u"The update information is improperly signed, so it was not used."_s;
         QTest::newRow("download") << Failure::notDownloaded
                                   << u"The update could not be downloaded or is improperly signed. "
-                                     "Tovla 1.0 stays installed."_qs;
+                                     "Tovla 1.0 stays installed."_s;
         QTest::newRow("busy") << Failure::busy
                               << u"Other software is being installed, or an earlier installation "
-                                 "was interrupted. Please try again later."_qs;
+                                 "was interrupted. Please try again later."_s;
         QTest::newRow("installation")
             << Failure::notInstalled
-            << u"An error occurred while installing the update. Please try again later."_qs;
+            << u"An error occurred while installing the update. Please try again later."_s;
     }
 
     void failure_isTold()
     {
         QFETCH(const Failure, failure);
         const UpdatePage failed = pageOf(failure);
-        QCOMPARE(failed.headline, u"Update Error!"_qs);
+        QCOMPARE(failed.headline, u"Update Error!"_s);
         QTEST(failed.text, "text");
-        QCOMPARE(failed.details, u"what the engine says"_qs);
-        QCOMPARE(failed.primary, (UpdatePage::Button{u"OK"_qs, Action::close}));
+        QCOMPARE(failed.details, u"what the engine says"_s);
+        QCOMPARE(failed.primary, (UpdatePage::Button{u"OK"_s, Action::close}));
     }
 
     void copyThatIsNotManaged_isNoError()
     {
         const UpdatePage notManaged = pageOf(Failure::notManaged);
-        QCOMPARE(notManaged.headline, u"Tovla can't be updated from here."_qs);
+        QCOMPARE(notManaged.headline, u"Tovla can't be updated from here."_s);
         QCOMPARE(notManaged.text,
                  u"This copy was not installed by your system's package manager (it runs from "
-                 "/usr/bin/tovla). Update it the way it was installed."_qs);
+                 "/usr/bin/tovla). Update it the way it was installed."_s);
         QCOMPARE(notManaged.details, QString());
     }
 };

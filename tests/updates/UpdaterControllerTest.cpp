@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
+
 using Stage = UpdateState::Stage;
 
 namespace
@@ -40,10 +42,10 @@ private slots:
     {
         QVERIFY(!m_controller->window());
         check({.stage = Stage::checking});
-        QCOMPARE(m_desktop->updateLog, QStringList{u"check"_qs});
+        QCOMPARE(m_desktop->updateLog, QStringList{u"check"_s});
         QCOMPARE(m_desktop->presented.constLast(), m_controller->window());
         QVERIFY(progressBar()->isVisible());
-        QVERIFY(!button(u"&Cancel"_qs)->isEnabled());
+        QVERIFY(!button(u"&Cancel"_s)->isEnabled());
     }
 
     void offerThatIsShown_isNotReplacedByANewCheck()
@@ -51,29 +53,29 @@ private slots:
         check({.stage = Stage::checking});
         m_desktop->setUpdateState({.stage = Stage::available});
         m_controller->checkForUpdates();
-        QCOMPARE(m_desktop->updateLog, QStringList{u"check"_qs});
+        QCOMPARE(m_desktop->updateLog, QStringList{u"check"_s});
         window()->close();
         m_controller->checkForUpdates();
-        QCOMPARE(m_desktop->updateLog.filter(u"check"_qs).size(), 2);
+        QCOMPARE(m_desktop->updateLog.filter(u"check"_s).size(), 2);
     }
 
     void keys_pressTheButtons()
     {
         check({.stage = Stage::available});
         QTest::keyClick(window(), Qt::Key_Return);
-        QCOMPARE(m_desktop->updateLog.constLast(), u"install"_qs);
+        QCOMPARE(m_desktop->updateLog.constLast(), u"install"_s);
         QTest::keyClick(window(), Qt::Key_Escape);
         QVERIFY(!window()->isVisible());
-        QVERIFY(!m_desktop->updateLog.contains(u"restart"_qs));
+        QVERIFY(!m_desktop->updateLog.contains(u"restart"_s));
     }
 
     void focusedButton_isWhatReturnPresses()
     {
         check({.stage = Stage::available});
-        QPushButton *const later = button(u"&Remind Me Later"_qs);
+        QPushButton *const later = button(u"&Remind Me Later"_s);
         later->setFocus();
         QTest::keyClick(later, Qt::Key_Return);
-        QVERIFY(!m_desktop->updateLog.contains(u"install"_qs));
+        QVERIFY(!m_desktop->updateLog.contains(u"install"_s));
         QVERIFY(!window()->isVisible());
     }
 
@@ -83,7 +85,7 @@ private slots:
         checking.canCancel = true;
         check(checking);
         QTest::keyClick(window(), Qt::Key_Escape);
-        QCOMPARE(m_desktop->updateLog.constLast(), u"cancel"_qs);
+        QCOMPARE(m_desktop->updateLog.constLast(), u"cancel"_s);
         m_desktop->setUpdateState({});
         QVERIFY(!window()->isVisible());
     }
@@ -91,7 +93,7 @@ private slots:
     void textsOfOthers_arePlain_andReadOnly()
     {
         UpdateState offer{.stage = Stage::available};
-        offer.releaseNotes = u"<img src='http://example.org'> <b>bold</b>"_qs;
+        offer.releaseNotes = u"<img src='http://example.org'> <b>bold</b>"_s;
         check(offer);
         const auto *const notes = window()->findChild<QPlainTextEdit *>();
         QVERIFY(notes->isVisible());
@@ -103,11 +105,11 @@ private slots:
     {
         UpdateState failed{.stage = Stage::failed};
         failed.failure = UpdateState::Failure::notRetrieved;
-        failed.details = u"what the engine says"_qs;
+        failed.details = u"what the engine says"_s;
         check(failed);
         const auto boxes = window()->findChildren<QPlainTextEdit *>();
         QVERIFY(!boxes.at(0)->isVisible() && !boxes.at(1)->isVisible());
-        QTest::mouseClick(button(u"&Details"_qs), Qt::LeftButton);
+        QTest::mouseClick(button(u"&Details"_s), Qt::LeftButton);
         QVERIFY(boxes.at(1)->isVisible());
         QCOMPARE(boxes.at(1)->toPlainText(), failed.details);
     }
@@ -129,7 +131,7 @@ private slots:
         EventLoopMeter meter;
         meter.start();
         UpdateState offer{.stage = Stage::available};
-        offer.releaseNotes = u"All work and no play.\n"_qs.repeated(900);
+        offer.releaseNotes = u"All work and no play.\n"_s.repeated(900);
         QMetaObject::invokeMethod(
             this, [&] { m_desktop->setUpdateState(offer); }, Qt::QueuedConnection);
         QTRY_VERIFY(window()->findChild<QPlainTextEdit *>()->isVisible());

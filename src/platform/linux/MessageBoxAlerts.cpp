@@ -3,6 +3,7 @@
 
 #include "platform/Windows.h"
 
+#include <QDialogButtonBox>
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QLabel>
@@ -39,16 +40,26 @@ protected:
 private:
     void setUpLabels()
     {
-        // The toolkit's own names for its two labels, the same in all of Qt 6.
+        // The toolkit's own names for its labels, the same in all of Qt 6.
+        if (auto *const icon = findChild<QLabel *>(QStringLiteral("qt_msgboxex_icon_label"))) {
+            icon->setAccessibleName(tr("Warning"));
+        }
+        // Else the box of the button counts as focused, too.
+        if (auto *const buttons = findChild<QDialogButtonBox *>()) {
+            buttons->setFocusProxy(nullptr);
+        }
         if (auto *const title = findChild<QLabel *>(QStringLiteral("qt_msgbox_label"))) {
             QFont font = title->font();
             font.setBold(true);
             title->setFont(font);
+            // The mouse can select it, but for the keys there is nothing to do in it.
+            title->setFocusPolicy(Qt::NoFocus);
         }
         if (auto *const text = findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"))) {
             constexpr int comfortableLine = 280;
             text->setTextFormat(Qt::PlainText);
             text->setMinimumWidth(comfortableLine);
+            text->setFocusPolicy(Qt::NoFocus);
         }
     }
 };
