@@ -98,6 +98,14 @@ void PromptWindow::centreOnScreenWithPointer()
     move(m_place);
 }
 
+void PromptWindow::changeScreen()
+{
+    // While X11 maps the window the toolkit may take it to be on another screen.
+    if (windowHandle()->isExposed()) {
+        QMetaObject::invokeMethod(this, &PromptWindow::followScreens, Qt::QueuedConnection);
+    }
+}
+
 void PromptWindow::followScreens()
 {
     // From a screen to one of another scale the toolkit lets a window keep its size in pixels. The
@@ -197,8 +205,8 @@ bool PromptWindow::event(QEvent *event)
 {
     const bool isHandled = QWidget::event(event);
     if (event->type() == QEvent::WinIdChange && windowHandle()) {
-        connect(windowHandle(), &QWindow::screenChanged, this, &PromptWindow::followScreens,
-                static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::UniqueConnection));
+        connect(windowHandle(), &QWindow::screenChanged, this, &PromptWindow::changeScreen,
+                Qt::UniqueConnection);
         announceShape();
     }
     return isHandled;

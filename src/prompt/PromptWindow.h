@@ -36,6 +36,7 @@ private:
     void createContent(const QString &title, PromptCallbacks callbacks);
     void followDesktop();
     void centreOnScreenWithPointer();
+    void changeScreen();
     void followScreens();
     void settle();
     void scheduleFit();

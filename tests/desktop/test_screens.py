@@ -63,7 +63,10 @@ class ScreensTest(DesktopCase):
             return all(abs(got - wanted) <= 1
                        for got, wanted in zip(frame_of(self.title), expected))
 
-        wait_for(is_there, f"the frame to be at {expected}")
+        try:
+            wait_for(is_there, f"the frame to be at {expected}")
+        except AssertionError as error:
+            raise AssertionError(f"{error}; it is at {frame_of(self.title)}") from None
 
     def wait_for_place_on(self, screen_x, scale):
         """Centred, with a third of the free height above."""
