@@ -5,6 +5,7 @@
 #include "look/Squircle.h"
 
 #include <QPainter>
+#include <QPushButton>
 #include <QStyleOption>
 
 namespace
@@ -131,6 +132,15 @@ void ControlStyle::drawFace(QPainter &painter, const QStyleOption &option, const
 ControlStyle::ControlStyle()
     : QProxyStyle(QStringLiteral("Fusion"))
 {
+}
+
+void ControlStyle::polish(QWidget *widget)
+{
+    QProxyStyle::polish(widget);
+    // The default button is the one that a window names, not whichever has the focus.
+    if (auto *const button = qobject_cast<QPushButton *>(widget)) {
+        button->setAutoDefault(false);
+    }
 }
 
 void ControlStyle::drawControl(ControlElement element, const QStyleOption *option,

@@ -14,6 +14,7 @@
 #include <QEvent>
 #include <QFocusEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QMenu>
 
 namespace
@@ -52,6 +53,13 @@ void NumberField::hideEvent(QHideEvent *event)
 {
     commitIfEdited();
     QLineEdit::hideEvent(event);
+}
+
+void NumberField::keyReleaseEvent(QKeyEvent *event)
+{
+    QLineEdit::keyReleaseEvent(event);
+    // The window waits for Alt to be let go.
+    event->ignore();
 }
 
 void NumberField::commitIfEdited()

@@ -24,6 +24,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void hideEvent(QHideEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
 
 private:
     void commit();
