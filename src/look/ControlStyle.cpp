@@ -10,6 +10,7 @@
 
 namespace
 {
+constexpr auto prominentProperty = "tovlaIsProminent";
 constexpr qreal controlRadius = 5;
 constexpr int buttonPadding = 12;
 constexpr qreal focusRingWidth = 3;
@@ -62,11 +63,10 @@ void drawRadio(QPainter &painter, const QStyleOption &option)
     painter.restore();
 }
 
-/// The button that Return presses, while it can be pressed.
-bool isDefaultButton(const QStyleOption &option)
+/// The toolkit's own default button would be whichever has the focus.
+bool isProminent(const QStyleOption &option, const QWidget *widget)
 {
-    const auto *const button = qstyleoption_cast<const QStyleOptionButton *>(&option);
-    return button && button->features.testFlag(QStyleOptionButton::DefaultButton)
+    return widget && widget->property(prominentProperty).toBool()
         && option.state.testFlag(QStyle::State_Enabled);
 }
 
@@ -134,25 +134,21 @@ ControlStyle::ControlStyle()
 {
 }
 
-void ControlStyle::polish(QWidget *widget)
+void ControlStyle::setProminent(QPushButton &button)
 {
-    QProxyStyle::polish(widget);
-    // The default button is the one that a window names, not whichever has the focus.
-    if (auto *const button = qobject_cast<QPushButton *>(widget)) {
-        button->setAutoDefault(false);
-    }
+    button.setProperty(prominentProperty, true);
 }
 
 void ControlStyle::drawControl(ControlElement element, const QStyleOption *option,
                                QPainter *painter, const QWidget *widget) const
 {
-    const bool isDefault = isDefaultButton(*option);
+    const bool isAccented = isProminent(*option, widget);
     if (element == CE_PushButtonBevel) {
         drawFace(*painter, *option,
-                 option->palette.color(isDefault ? QPalette::Link : QPalette::Button));
+                 option->palette.color(isAccented ? QPalette::Link : QPalette::Button));
         return;
     }
-    if (element == CE_PushButtonLabel && isDefault) {
+    if (element == CE_PushButtonLabel && isAccented) {
         auto label = *qstyleoption_cast<const QStyleOptionButton *>(option);
         label.palette.setColor(QPalette::ButtonText, textOn(option->palette.color(QPalette::Link)));
         QProxyStyle::drawControl(element, &label, painter, widget);

@@ -3,6 +3,8 @@
 
 #include <QProxyStyle>
 
+class QPushButton;
+
 /// How the controls of our windows are drawn. Every colour comes from the palette that the
 /// window's look makes, so one style serves both looks.
 class ControlStyle final : public QProxyStyle
@@ -18,6 +20,9 @@ public:
 
     ControlStyle();
 
+    /// Paints @p button in the accent colour, as the one that Return presses wherever the focus is.
+    static void setProminent(QPushButton &button);
+
     /// Whether the letters that Alt presses a control with are underlined.
     void setShowsMnemonics(bool shows) { m_showsMnemonics = shows; }
 
@@ -25,8 +30,6 @@ public:
     static void drawFace(QPainter &painter, const QStyleOption &option);
     static void drawFace(QPainter &painter, const QStyleOption &option, const QColor &face);
 
-    using QProxyStyle::polish;
-    void polish(QWidget *widget) override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "updates/TextBox.h"
 
+#include "look/Accessible.h"
 #include "look/Fonts.h"
 
 #include <QContextMenuEvent>
@@ -16,6 +17,7 @@ TextBox::TextBox(const QString &name, QWidget *parent)
     : QPlainTextEdit(parent)
 {
     setAccessibleName(name);
+    Accessible::hide(*viewport());
     setReadOnly(true);
     // With the keyboard too.
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "updates/UpdateWindow.h"
 
+#include "look/Accessible.h"
 #include "look/ApplicationIcon.h"
 #include "look/ControlStyle.h"
 #include "look/Fonts.h"
@@ -73,6 +74,7 @@ UpdateWindow::UpdateWindow(const Desktop &desktop)
     , m_secondary(new DialogButton(this))
     , m_primary(new DialogButton(this))
 {
+    Accessible::setRole(*this, QAccessible::Dialog);
     setWindowTitle(tr("Software Update"));
     setWindowIcon(applicationIcon());
     layOut();
@@ -138,9 +140,9 @@ void UpdateWindow::addButtons()
     row->addWidget(m_primary);
     m_column->addLayout(row);
 
-    m_primary->setDefault(true);
-    m_detailsButton->setCheckable(true);
-    connect(m_detailsButton, &QPushButton::toggled, m_details, &QWidget::setVisible);
+    ControlStyle::setProminent(*m_primary);
+    connect(m_detailsButton, &QPushButton::clicked, this,
+            [this] { m_details->setVisible(!m_details->isVisible()); });
     connect(m_secondary, &QPushButton::clicked, this, [this] { perform(m_page.secondary.action); });
     connect(m_primary, &QPushButton::clicked, this, [this] { perform(m_page.primary.action); });
 }
@@ -184,7 +186,6 @@ void UpdateWindow::showPage(const UpdatePage &page)
     if (isAnotherPage) {
         m_notes->setPlainText(page.releaseNotes);
         m_details->setPlainText(page.details);
-        m_detailsButton->setChecked(false);
         m_details->hide();
         (m_primary->isVisibleTo(this) ? m_primary : m_secondary)->setFocus();
         tellScreenReader();

@@ -8,6 +8,7 @@ import accessibility
 from accessibility import Atspi, find, is_focused, nodes, text_of
 from case import QUESTION, DesktopCase, active_window_title, press_keys, type_text
 from desktop import wait_for
+from updates import BROKEN, OFFER, UP_TO_DATE, UpdateService, start_system_bus
 
 Role = Atspi.Role
 State = Atspi.StateType
@@ -16,7 +17,8 @@ WINDOWS = {Role.FRAME, Role.WINDOW, Role.DIALOG, Role.ALERT}
 CONTROLS = {Role.PUSH_BUTTON, Role.RADIO_BUTTON, Role.COMBO_BOX, Role.TEXT, Role.SPIN_BUTTON}
 # Those of a layout. Of their own they have nothing to say, so they must have something in them.
 CONTAINERS = {Role.FILLER, Role.PANEL}
-SHOWN = CONTROLS | CONTAINERS | {Role.LABEL, Role.IMAGE}
+SHOWN = CONTROLS | CONTAINERS | {Role.LABEL, Role.IMAGE, Role.PROGRESS_BAR}
+TOOLKITS_OWN_ACTIONS = {"SetFocus", "Increase", "Decrease"}
 HINT = "Ctrl+↵ to save · esc to cancel"
 
 
@@ -25,11 +27,11 @@ def has(node, *states):
 
 
 def actions(node):
-    """What can be done to it beside giving it the focus."""
+    """What can be done to it, beside what the toolkit says of all that has the focus or a value."""
     action = node.get_action_iface()
     names = [action.get_action_name(index) for index in range(action.get_n_actions())] \
         if action else []
-    return [name for name in names if name != "SetFocus"]
+    return [name for name in names if name not in TOOLKITS_OWN_ACTIONS]
 
 
 def describe(node):
@@ -43,6 +45,14 @@ def shown_nodes(window):
 def window_titled(title):
     return wait_for(lambda: next((window for window in accessibility.windows()
                                   if window.get_name() == title), None), f"the window {title!r}")
+
+
+def window_that_shows(what):
+    try:
+        return next((window for window in accessibility.windows()
+                     if what in map(describe, shown_nodes(window))), None)
+    except GLib.Error:
+        return None  # of a program that has just ended
 
 
 def focused(focusable):
@@ -102,7 +112,7 @@ class AccessibilityTest(DesktopCase):
             self.assertTrue(has(node.get_parent(), State.FOCUSABLE))
             self.assertEqual(node.get_parent().get_role(), Role.SPIN_BUTTON)
         if role == Role.TEXT:
-            self.assertTrue(has(node, State.EDITABLE))
+            self.assertNotEqual(has(node, State.EDITABLE), has(node, State.READ_ONLY))
             self.assertIsNotNone(node.get_text_iface())
 
     def check_focus_chain(self, window, forward, backward):
@@ -226,6 +236,22 @@ class AccessibilityTest(DesktopCase):
         self.focus(find("OK"))
         press_keys("space")
         wait_for(lambda: active_window_title() != "Journal", "the alert to close")
+
+    def test_updates(self):
+        start_system_bus(self.desktop)
+        unanswered = {**UP_TO_DATE, "RefreshCache": [{"then": "hang"}]}
+        for scenario, shown in ((OFFER, "label 'A new version of Tovla is available!'"),
+                                (BROKEN, "label 'Update Error!'"),
+                                (unanswered, "progress bar 'Checking for updates…'")):
+            with self.subTest(shown=shown):
+                service = UpdateService(self.desktop, scenario)
+                self.start()
+                self.item.click("Check for Updates…")
+                window = wait_for(lambda: window_that_shows(shown), shown)
+                wait_for(lambda: any(map(is_focused, nodes(window))), "the focus")
+                self.check_window(window, "Tab", "shift+Tab")
+                self.desktop.stop_tovlas()
+                service.stop()
 
     def test_screen_reader_hears_the_prompt_and_its_question(self):
         self.start()

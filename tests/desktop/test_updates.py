@@ -6,7 +6,8 @@ import accessibility
 from case import (DARK, DesktopCase, active_window_title, color_at, geometry_of, press_keys,
                   type_text, visible_titles)
 from desktop import wait_for
-from updates import NEWER, OFFER, UP_TO_DATE, VERSION, UpdateService, start_system_bus
+from updates import (BROKEN, NEWER, OFFER, UP_TO_DATE, VERSION, UpdateService,
+                     start_system_bus)
 
 TITLE = "Software Update"
 
@@ -97,7 +98,7 @@ class UpdatesTest(DesktopCase):
         self.service.wait_for_call("SearchFiles", 2)
 
     def test_failure_is_told_with_its_details_on_request(self):
-        self.check({**UP_TO_DATE, "GetUpdates": [{"error": [64, "BADSIG 0123 <b>Eve</b>"]}]})
+        self.check(BROKEN)
         accessibility.find("Update Error!")
         accessibility.find("The update information is improperly signed, so it was not used.")
         accessibility.press("Details")

@@ -15,6 +15,7 @@ INSTALLED = [1, f"tovla;{VERSION};amd64;manual:tovla-stable-main"]
 UPDATE = [5, f"tovla;{NEWER};amd64;tovla-stable-main"]
 UP_TO_DATE = {"SearchFiles": [{"packages": [INSTALLED]}],
               "Resolve": [{"packages": [INSTALLED]}]}
+BROKEN = {**UP_TO_DATE, "GetUpdates": [{"error": [64, "BADSIG 0123 <b>Eve</b>"]}]}
 OFFER = {"SearchFiles": [{"packages": [INSTALLED]}],
          "GetUpdates": [{"packages": [UPDATE]}],
          "GetUpdateDetail": [{"detail": ["", "* The card remembers where you dragged it.\n"

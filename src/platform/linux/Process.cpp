@@ -8,6 +8,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <malloc.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
 
@@ -61,6 +62,9 @@ void Process::prepare()
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "xcb;wayland");
     }
+    // glibc raises this limit by itself to the largest piece that was freed, and then keeps the
+    // pictures of windows that are gone in its heap (mallopt(3)). Bytes.
+    mallopt(M_MMAP_THRESHOLD, 128 * 1024);
     // A write beyond the user's file-size limit then fails with EFBIG instead of ending us.
     std::signal(SIGXFSZ, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);
