@@ -182,10 +182,11 @@ class Tovla:
         return wait_for(lambda: self.desktop.tray.item_of(self.process.pid), "the tray item")
 
     def act_when_ready(self, action):
-        wait_for(lambda: "org.tovla.Tovla" in output("gdbus", "call", "--session", "--dest",
-                                                     "org.freedesktop.DBus", "--object-path", "/",
-                                                     "--method",
-                                                     "org.freedesktop.DBus.ListNames"),
+        """The one that ran before may still have the name for a moment."""
+        wait_for(lambda: output("gdbus", "call", "--session", "--dest", "org.freedesktop.DBus",
+                                "--object-path", "/", "--method",
+                                "org.freedesktop.DBus.GetConnectionUnixProcessID",
+                                "org.tovla.Tovla") == f"(uint32 {self.process.pid},)",
                  "the program on the bus")
         self.act(action)
 
