@@ -191,11 +191,14 @@ class Tovla:
         self.act(action)
 
     def act(self, action):
-        """Asks through the bus, as a launcher's action does."""
-        subprocess.run(["gdbus", "call", "--session", "--dest", "org.tovla.Tovla", "--object-path",
-                        "/org/tovla/Tovla", "--method",
-                        "org.freedesktop.Application.ActivateAction", action, "[]", "{}"],
-                       check=True, stdout=subprocess.DEVNULL)
+        """Asks through the bus, as a launcher's action does, while our tray host goes on serving."""
+        asking = subprocess.Popen(["gdbus", "call", "--session", "--dest", "org.tovla.Tovla",
+                                   "--object-path", "/org/tovla/Tovla", "--method",
+                                   "org.freedesktop.Application.ActivateAction", action, "[]",
+                                   "{}"], stdout=subprocess.DEVNULL)
+        wait_for(lambda: asking.poll() is not None, "the answer")
+        if asking.returncode:
+            raise AssertionError(f"{action} was refused")
 
 
 def output(*command):
