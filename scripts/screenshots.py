@@ -28,12 +28,15 @@ def every_desktop():
 
 
 def one_desktop(scale, compositor):
-    from case import QUESTION, active_window_title, is_time, press_keys, type_text
+    from case import QUESTION, active_window_title, geometry_of, is_time, press_keys, type_text
     from desktop import Desktop, wait_for
     side = 1280 * scale
     desktop = Desktop(compositor=compositor == "composited", scale=scale,
                       size=f"{side}x{900 * scale}")
     import accessibility
+    import portal
+    import updates
+    updates.start_system_bus(desktop)
     suffix = ("" if compositor == "composited" else "-plain") + ("@2x" if scale == 2 else "")
 
     def picture(name, width, height, top=180):
@@ -61,6 +64,24 @@ def one_desktop(scale, compositor):
         wait_for(lambda: active_window_title() == "Tovla Settings", "the settings")
         desktop.wait_until_still()
 
+    def take_updates(theme):
+        settings_portal = portal.Portal(**{"color-scheme": portal.scheme(theme == "dark")})
+        for name, (scenario, buttons, text) in updates.PAGES.items():
+            service = updates.UpdateService(desktop, scenario)
+            tovla = desktop.start_tovla()
+            tovla.wait_for_tray_item().click("Check for Updates…")
+            for button in buttons:
+                accessibility.press(button)
+            accessibility.find(text)
+            wait_for(lambda: active_window_title() == "Software Update", "the update window")
+            if name != "checking":
+                desktop.wait_until_still()
+            _, top, _, height = geometry_of("Software Update")
+            picture(f"update-{name}-{theme}", 540, height // scale + 90, top // scale - 50)
+            desktop.stop_tovlas()
+            service.stop()
+        settings_portal.vanish()
+
     def write(editor, lines):
         for number, line in enumerate(lines):
             if number:
@@ -85,6 +106,7 @@ def one_desktop(scale, compositor):
                 open_settings(theme)
                 picture(f"settings-{theme}", 540, 720, top=90)
                 desktop.stop_tovlas()
+                take_updates(theme)
     finally:
         desktop.close()
 

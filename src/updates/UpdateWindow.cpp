@@ -28,7 +28,7 @@ using Action = UpdatePage::Action;
 
 constexpr int iconSide = 64;
 constexpr int iconToTexts = 20;
-constexpr int textWidth = 360;
+constexpr int textWidth = 380;
 constexpr int padding = 24;
 constexpr int spacing = 8;
 constexpr int buttonSpacing = 12;

@@ -28,13 +28,14 @@ def windows():
     return []
 
 
-def find(name, role=None):
-    """Waits for what has this accessible name, and this role if one is given."""
+def find(name, role=None, fits=lambda node: True):
+    """Waits for what has this accessible name, this role if one is given, and fits."""
     def search():
         try:
             for window in windows():
                 for node in nodes(window):
-                    if node.get_name() == name and (role is None or node.get_role() == role):
+                    if (node.get_name() == name and (role is None or node.get_role() == role)
+                            and fits(node)):
                         return node
         except GLib.Error:
             pass  # it went away while we were looking
@@ -44,8 +45,12 @@ def find(name, role=None):
 
 
 def press(name):
-    """Does what a screen reader's user does to a button."""
-    find(name).get_action_iface().do_action(0)
+    """Does what a screen reader's user does to a button that is shown."""
+    find(name, fits=is_pressable).get_action_iface().do_action(0)
+
+
+def is_pressable(node):
+    return node.get_action_iface() is not None and node.get_state_set().contains(Atspi.StateType.SHOWING)
 
 
 def text_of(node):

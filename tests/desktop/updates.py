@@ -22,6 +22,24 @@ OFFER = {"SearchFiles": [{"packages": [INSTALLED]}],
                                              "* Two new alert sounds: Drum and Harp."]}],
          "Simulate": [{"packages": [[11, UPDATE[1]]]}],
          "Resolve": [{"packages": [[1, f"tovla;{NEWER};amd64;manual:tovla-stable-main"]]}]}
+DOWNLOAD = {"progress": [{"Status": 8, "AllowCancel": True, "DownloadSizeRemaining": 760_000},
+                         {"DownloadSizeRemaining": 250_000, "Percentage": 67}], "then": "hang"}
+REFUSED = {"error": [48, "Failed to obtain authentication."]}
+BEHIND = {**UP_TO_DATE, "SearchFiles": [{"packages": [[1, f"tovla;{NEWER};amd64;stable"]]}]}
+# Where the window can rest, by name: what the service does, the buttons on the way there, and what
+# the window then says.
+PAGES = {
+    "checking": ({**UP_TO_DATE, "RefreshCache": [{"then": "hang"}]}, [], "Checking for updates…"),
+    "up-to-date": (UP_TO_DATE, [], "You're up to date!"),
+    "available": (OFFER, [], "A new version of Tovla is available!"),
+    "refused": ({**OFFER, "UpdatePackages": [REFUSED]}, ["Install Update"],
+                "Authorisation was not given."),
+    "downloading": ({**OFFER, "UpdatePackages": [DOWNLOAD]}, ["Install Update"],
+                    "Downloading update…"),
+    "installed": (OFFER, ["Install Update"], "Update Installed"),
+    "ready": (BEHIND, [], "A new version of Tovla is ready!"),
+    "error": (BROKEN, ["Details"], "Update Error!"),
+}
 
 
 def start_system_bus(desktop):

@@ -276,7 +276,8 @@ private slots:
     {
         (*m_state)->setFolderPath(u"/tmp/Journal"_s);
         QTRY_VERIFY(label(u"11:05"_s));
-        // The toolkit reads the locale anew only on some platforms, so another wording is put there.
+        // The toolkit reads the locale anew only on some platforms, so another wording is put
+        // there.
         label(u"11:05"_s)->setText(u"11.05"_s);
         QEvent change(QEvent::LocaleChange);
         QCoreApplication::sendEvent(qApp, &change);
