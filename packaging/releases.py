@@ -65,7 +65,8 @@ def debian(version, who):
     for number, date, sentences in releases(version):
         print(f"tovla ({number}) stable; urgency=medium\n")
         for sentence in sentences:
-            print(textwrap.fill(sentence, 76, initial_indent="  * ", subsequent_indent="    "))
+            print(textwrap.fill(sentence, 76, initial_indent="  * ", subsequent_indent="    ",
+                                break_on_hyphens=False))
         print(f"\n -- {who}  {format_datetime(date)}\n")
 
 

@@ -14,6 +14,7 @@ test_packages="$virtual_desktop_packages at-spi2-core gir1.2-atspi-2.0 python3-d
     pulseaudio-utils"
 check_packages="clang clang-format clang-tidy libclang-rt-dev valgrind"
 package_packages="dpkg-dev file git"
+publish_packages="dpkg-dev xz-utils gpg gpg-agent gpgv"
 package_check_packages="lintian appstream desktop-file-utils mmdebstrap"
 
 as_root() {

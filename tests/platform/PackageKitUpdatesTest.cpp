@@ -65,7 +65,8 @@ private slots:
             {u"SearchFiles"_s, QJsonArray{package(installedId)}},
             {u"GetUpdates"_s, QJsonArray{package(updateId, 5 << 16 | 5)}},
             {u"GetUpdateDetail"_s,
-             QJsonArray{QJsonObject{{u"detail"_s, QJsonArray{QString(), u"* New bells."_s}}}}},
+             QJsonArray{QJsonObject{
+                 {u"detail"_s, QJsonArray{QString(), u"tovla (1.1) any; x\n\n * New bells."_s}}}}},
             {u"Simulate"_s, QJsonArray{package(updateId, 11)}},
             {u"Resolve"_s, QJsonArray{package(u"tovla;1.1;amd64;manual:tovla-stable-main"_s)}},
         };
@@ -84,7 +85,7 @@ private slots:
         check();
         QCOMPARE(state().stage, Stage::available);
         QCOMPARE(state().version, u"1.1"_s);
-        QCOMPARE(state().releaseNotes, u"* New bells."_s);
+        QCOMPARE(state().releaseNotes, u"• New bells."_s);
         QCOMPARE(calls(),
                  (QStringList{uR"(["SearchFiles", 4, ["/usr/bin/tovla"]])"_s,
                               uR"(["RefreshCache", false])"_s, uR"(["GetUpdates", 2])"_s,

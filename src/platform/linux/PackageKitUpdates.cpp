@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/PackageKitUpdates.h"
 
+#include "platform/linux/DebianChangelog.h"
+
 #include <QFileInfo>
 #include <QThread>
 
@@ -50,9 +52,10 @@ QString releaseNotes(const QVariantList &updateDetail)
     constexpr int changelog = 8;
     const QString written = updateDetail.value(changelog).toString().trimmed();
     const bool isMissing = written.startsWith(u"Changelog for this version is not yet available");
-    return (written.isEmpty() || isMissing ? updateDetail.value(updateText).toString().trimmed()
-                                           : written)
-        .left(longestNotes);
+    const QString text = written.isEmpty() || isMissing
+        ? updateDetail.value(updateText).toString().trimmed()
+        : written;
+    return releaseNotesOfDebianChangelog(text.left(longestNotes));
 }
 
 /// PackageKit gives the same number to all that can be wrong with a source; what apt and gpgv say
