@@ -58,5 +58,14 @@ def text_of(node):
     return text.get_text(0, text.get_character_count())
 
 
+def focused_name():
+    """Of what has the keyboard's focus in the program."""
+    try:
+        return next((node.get_name() for window in windows() for node in nodes(window)
+                     if is_focused(node) and node.get_name()), None)
+    except GLib.Error:
+        return None  # it went away while we were looking
+
+
 def is_focused(node):
     return node.get_state_set().contains(Atspi.StateType.FOCUSED)

@@ -4,7 +4,7 @@ import re
 import subprocess
 import unittest
 
-from desktop import Desktop, output, visible_windows, wait_for
+from desktop import Desktop, output, search_windows, visible_windows, wait_for
 
 QUESTION = "What would you like to note about this moment?"
 SETTINGS = "Tovla Settings"
@@ -88,8 +88,8 @@ def is_time(title):
 
 
 def visible_titles():
-    ids = output("xdotool", "search", "--onlyvisible", "--class", "^tovla$").split()
-    return [output("xdotool", "getwindowname", number) for number in ids]
+    return [output("xdotool", "getwindowname", str(window))
+            for window in search_windows("--onlyvisible", "--class", "^tovla$")]
 
 
 def active_window_title():

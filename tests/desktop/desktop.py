@@ -230,5 +230,12 @@ def wait_for(condition, what, patience=PATIENCE_SECONDS):
 
 
 def visible_windows(title):
-    ids = output("xdotool", "search", "--onlyvisible", "--name", f"^{re.escape(title)}$").split()
-    return [int(window) for window in ids]
+    return search_windows("--onlyvisible", "--name", f"^{re.escape(title)}$")
+
+
+def search_windows(*criteria):
+    """Asks again when a window went away during the search, which xdotool does not survive."""
+    while True:
+        search = subprocess.run(["xdotool", "search", *criteria], capture_output=True, text=True)
+        if "X Error" not in search.stderr:
+            return [int(window) for window in search.stdout.split()]

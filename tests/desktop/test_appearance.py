@@ -7,13 +7,12 @@ import dbus
 import accessibility
 from case import (DARK, LIGHT, SETTINGS, DesktopCase, active_window_title, click, color_at,
                   geometry, geometry_of, press_keys, visible_titles)
-from desktop import output, wait_for
+from desktop import output, search_windows, wait_for
 from portal import Portal, scheme
 
 def popup_geometry():
     """Of the window that the program opened last; a popup has no title of its own."""
-    newest = output("xdotool", "search", "--onlyvisible", "--class", "^tovla$").split()
-    boxes = [geometry(number) for number in newest]
+    boxes = [geometry(window) for window in search_windows("--onlyvisible", "--class", "^tovla$")]
     return min(boxes, key=lambda box: box[2] * box[3])
 
 

@@ -31,7 +31,11 @@ class UpdatesTest(DesktopCase):
         self.start()
         self.service = UpdateService(self.desktop, scenario)
         self.item.click("Check for Updates…")
+        self.wait_until_active()
+
+    def wait_until_active(self):
         wait_for(lambda: active_window_title() == TITLE, "the update window to be active")
+        wait_for(accessibility.focused_name, "the keyboard's focus in it")
 
     def wait_until_closed(self):
         wait_for(lambda: TITLE not in visible_titles(), "the update window to close")

@@ -50,19 +50,20 @@ def start_system_bus(desktop):
 
 class UpdateService:
     def __init__(self, desktop, scenario):
-        self.process = desktop.start(sys.executable, str(STAND_IN), json.dumps(scenario),
-                                     stdout=subprocess.PIPE, text=True)
-        assert self.process.stdout.readline() == "ready\n"
-        os.set_blocking(self.process.stdout.fileno(), False)
-        self.lines = []
+        self.log = desktop.home / "update-service.log"
+        with self.log.open("w") as log:
+            self.process = desktop.start(sys.executable, str(STAND_IN), json.dumps(scenario),
+                                         stdout=log)
+        wait_for(lambda: self.log.read_text().startswith("ready\n"), "the update service")
 
     def calls(self):
         """The names of the methods called so far."""
-        self.lines += self.process.stdout.readlines()
-        return [json.loads(line)[0] for line in self.lines]
+        _ready, *lines, _unfinished = self.log.read_text().split("\n")
+        return [json.loads(line)[0] for line in lines]
 
     def wait_for_call(self, method, count=1):
-        wait_for(lambda: self.calls().count(method) == count, f"{method} to be called")
+        wait_for(lambda: self.calls().count(method) == count,
+                 f"call {count} of {method} after {self.calls()}")
 
     def stop(self):
         self.process.kill()
