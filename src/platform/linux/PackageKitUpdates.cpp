@@ -249,7 +249,7 @@ void PackageKitUpdates::verifyInstallation()
     run(QStringLiteral("Resolve"), {bits(filterInstalled), QStringList{m_own.name()}},
         [this](const Outcome &outcome) {
             const auto *const ours = packageNamed(outcome.packages, m_own.name());
-            if (ours && upstreamVersion(ours->id.version()) != m_version) {
+            if (ours != nullptr && upstreamVersion(ours->id.version()) != m_version) {
                 m_own = ours->id;
                 enter(Stage::updated);
             } else {
