@@ -250,6 +250,10 @@
         <source>Version %1 is already installed; this window is still version %2.</source>
         <translation>Version %1 is already installed; this window is still version %2.</translation>
     </message>
+    <message>
+        <source>%1 and %2 more</source>
+        <translation>%1 and %2 more</translation>
+    </message>
 </context>
 <context>
     <name>UpdateWindow</name>
@@ -268,6 +272,17 @@
     <message>
         <source>Release Notes:</source>
         <translation>Release Notes:</translation>
+    </message>
+</context>
+<context>
+    <name>UpdaterController</name>
+    <message>
+        <source>Update Installed</source>
+        <translation type="unfinished">Update Installed</translation>
+    </message>
+    <message>
+        <source>The new version will be available next time.</source>
+        <translation>The new version will be available next time.</translation>
     </message>
 </context>
 <context>

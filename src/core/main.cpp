@@ -7,7 +7,7 @@
 
 namespace
 {
-int run(int argc, char *argv[])
+int run(int argc, char **argv)
 {
     QApplication::setApplicationName(QStringLiteral("tovla"));
     QApplication::setApplicationVersion(QStringLiteral(TOVLA_VERSION));

@@ -66,7 +66,7 @@ void drawRadio(QPainter &painter, const QStyleOption &option)
 /// The toolkit's own default button would be whichever has the focus.
 bool isProminent(const QStyleOption &option, const QWidget *widget)
 {
-    return widget && widget->property(prominentProperty).toBool()
+    return widget != nullptr && widget->property(prominentProperty).toBool()
         && option.state.testFlag(QStyle::State_Enabled);
 }
 

@@ -19,11 +19,14 @@ void prepare();
 /// start it.
 void endOnRequest();
 
+/// Whether there is something to start at programPath().
+[[nodiscard]] bool canRestart();
+
 /// Ends the program through the event loop and has it started again, as the same process, from
-/// programPath().
+/// programPath(). Does nothing where the program is ending already.
 void restart();
 
 /// Called last in main, when nothing of the application is left; returns what main returns, or does
 /// not return when a restart was asked for.
-[[nodiscard]] int end(int exitStatus, char *argv[]);
+[[nodiscard]] int end(int exitStatus, char **argv);
 } // namespace Process

@@ -72,8 +72,8 @@ struct UpdateState {
     bool operator==(const UpdateState &) const = default;
 };
 
-/// The system's way to a newer version of this program. Nothing is installed that is not signed by
-/// the source which the program came from, and nothing here ever waits.
+/// The system's way to a newer version of this program. Nothing is installed that is not signed as
+/// the system demands of the source which the program came from, and nothing here ever waits.
 class Updates : public QObject
 {
     Q_OBJECT

@@ -47,6 +47,15 @@ UpdatePage upToDate(const UpdateState &state)
             .primary = okButton()};
 }
 
+/// As many names as leave the window smaller than any screen.
+QString listed(const QStringList &names)
+{
+    constexpr qsizetype most = 20;
+    const QString shown = names.mid(0, most).join(QStringLiteral(", "));
+    return names.size() > most ? Texts::tr("%1 and %2 more").arg(shown).arg(names.size() - most)
+                               : shown;
+}
+
 UpdatePage available(const UpdateState &state, const QString &runningVersion)
 {
     UpdatePage page{.headline = Texts::tr("A new version of %1 is available!").arg(programName),
@@ -56,12 +65,15 @@ UpdatePage available(const UpdateState &state, const QString &runningVersion)
                     .releaseNotes = state.releaseNotes,
                     .primary = {Texts::tr("Install Update"), Action::install},
                     .secondary = {Texts::tr("Remind Me Later"), Action::close}};
+    QStringList remarks;
     if (state.wasNotAuthorised) {
-        page.remark = Texts::tr("Authorisation was not given.");
-    } else if (!state.otherPackages.isEmpty()) {
-        page.remark = Texts::tr("These packages will change too: %1")
-                          .arg(state.otherPackages.join(QStringLiteral(", ")));
+        remarks.append(Texts::tr("Authorisation was not given."));
     }
+    if (!state.otherPackages.isEmpty()) {
+        remarks.append(
+            Texts::tr("These packages will change too: %1").arg(listed(state.otherPackages)));
+    }
+    page.remark = remarks.join(u'\n');
     return page;
 }
 

@@ -21,6 +21,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace
 {
@@ -84,7 +85,8 @@ UpdateWindow::UpdateWindow(const Desktop &desktop)
     updateLook();
     refresh();
     adjustSize();
-    move(centredOnScreenWithPointer(size()));
+    m_place = centredOnScreenWithPointer(size());
+    move(m_place);
 }
 
 QLabel *UpdateWindow::addText(int fontSize, QPalette::ColorRole role)
@@ -187,8 +189,19 @@ void UpdateWindow::showPage(const UpdatePage &page)
         m_notes->setPlainText(page.releaseNotes);
         m_details->setPlainText(page.details);
         m_details->hide();
+        keepPlace();
         (m_primary->isVisibleTo(this) ? m_primary : m_secondary)->setFocus();
         tellScreenReader();
+    }
+}
+
+void UpdateWindow::keepPlace()
+{
+    // While X11 maps the window the toolkit may take it to be at the corner of the screen, and
+    // would send it there with its new size.
+    if (windowHandle() && !windowHandle()->isExposed()) {
+        layout()->activate();
+        move(m_place);
     }
 }
 

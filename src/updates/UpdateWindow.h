@@ -39,12 +39,14 @@ private:
     void updateLook();
     void refresh();
     void showPage(const UpdatePage &page);
+    void keepPlace();
     void perform(UpdatePage::Action action);
     void tellScreenReader();
 
     const Desktop &m_desktop;
     Updates &m_updates;
     UpdatePage m_page;
+    QPoint m_place;
     QVBoxLayout *m_column;
     QLabel *m_headline;
     QLabel *m_text;

@@ -7,6 +7,8 @@
 
 #include <QCoreApplication>
 
+#include <utility>
+
 UpdaterController::UpdaterController(AppState &(*state)())
     : m_state(state)
 {
@@ -17,23 +19,44 @@ UpdaterController::~UpdaterController() = default;
 void UpdaterController::checkForUpdates()
 {
     const Desktop &desktop = m_state().desktop();
-    if (!m_window) {
-        desktop.appearance->windowsWillOpen();
-        m_window = std::make_unique<UpdateWindow>(desktop);
-        connect(m_window.get(), &UpdateWindow::restartRequested, this, &UpdaterController::restart);
-    }
-    const bool waitsForAnswer
-        = m_window->isVisible() && desktop.updates->state().stage == UpdateState::Stage::available;
+    const bool waitsForAnswer = m_window && m_window->isVisible()
+        && desktop.updates->state().stage == UpdateState::Stage::available;
     if (!waitsForAnswer) {
         desktop.updates->check();
+    }
+    if (!m_window) {
+        makeWindow(desktop);
     }
     desktop.windows->present(*m_window);
 }
 
+void UpdaterController::makeWindow(const Desktop &desktop)
+{
+    desktop.appearance->windowsWillOpen();
+    m_window = std::make_unique<UpdateWindow>(desktop);
+    m_isUnderWay = desktop.updates->state().isUnderWay();
+    connect(m_window.get(), &UpdateWindow::restartRequested, this, &UpdaterController::restart);
+    connect(desktop.updates.get(), &Updates::changed, this, &UpdaterController::showOutcome);
+}
+
+void UpdaterController::showOutcome()
+{
+    const Desktop &desktop = m_state().desktop();
+    const UpdateState &state = desktop.updates->state();
+    const bool hasEnded = std::exchange(m_isUnderWay, state.isUnderWay()) && !m_isUnderWay;
+    // Of an installation whose window was closed meanwhile.
+    if (hasEnded && state.stage != UpdateState::Stage::idle && !m_window->isVisible()) {
+        desktop.windows->present(*m_window);
+    }
+}
+
 void UpdaterController::restart()
 {
-    // A note that is being written is finished first.
-    if (QObject *const prompt = m_state().openPrompt()) {
+    if (!Process::canRestart()) {
+        m_state().desktop().alerts->warn(
+            tr("Update Installed"), tr("The new version will be available next time."), nullptr);
+    } else if (QObject *const prompt = m_state().openPrompt()) {
+        // A note that is being written is finished first.
         connect(prompt, &QObject::destroyed, qApp, &Process::restart);
     } else {
         Process::restart();

@@ -7,6 +7,7 @@
 
 class AppState;
 class UpdateWindow;
+struct Desktop;
 
 /// Looks for a newer version when the user asks for it, and shows what comes of it in one window.
 class UpdaterController final : public QObject
@@ -26,8 +27,11 @@ public:
     [[nodiscard]] UpdateWindow *window() const { return m_window.get(); }
 
 private:
+    void makeWindow(const Desktop &desktop);
+    void showOutcome();
     void restart();
 
     AppState &(*m_state)();
     std::unique_ptr<UpdateWindow> m_window;
+    bool m_isUnderWay = false;
 };

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 """"Check for Updates…", from the menu to the program that runs anew."""
+import signal
 import unittest
 
 import accessibility
@@ -77,6 +78,19 @@ class UpdatesTest(DesktopCase):
         press_keys("ctrl+Return")
         self.wait_for_day_file(lambda content: content.endswith(b"\nnothing lost\n"))
         wait_for(lambda: self.tovla.wait_for_tray_item().name != before.name, "a new tray item")
+
+    def test_program_that_is_told_to_end_does_not_start_again(self):
+        for end in (lambda: self.tovla.process.send_signal(signal.SIGTERM),
+                    lambda: self.item.click("Quit")):
+            self.check(OFFER)
+            accessibility.press("Install Update")
+            accessibility.find("Update Installed")
+            self.open_prompt()
+            accessibility.press("Restart Now")
+            self.wait_until_closed()
+            end()
+            self.assertEqual(self.tovla.wait_for_end(), 0)
+            self.tearDown()
 
     def test_later_leaves_everything(self):
         self.check(OFFER)

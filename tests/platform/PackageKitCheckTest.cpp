@@ -27,7 +27,8 @@ private slots:
 
     void packagersRevision_isNoOtherVersion()
     {
-        m_scenario[u"SearchFiles"_s] = QJsonArray{package(u"tovla;1:1.0-2;amd64;stable"_s)};
+        m_scenario[u"SearchFiles"_s]
+            = QJsonArray{package(u"tovla;1:1.0-2;amd64;manual:tovla-stable-main"_s)};
         check();
         QCOMPARE(state().stage, Stage::available);
     }
@@ -114,12 +115,30 @@ private slots:
         QCOMPARE(state().stage, Stage::upToDate);
     }
 
-    void blockedUpdate_isNone()
+    void updateThatIsHeldBack_isNotUpToDate()
     {
         m_scenario[u"GetUpdates"_s] = QJsonArray{package(updateId(), 9)};
         m_scenario[u"Resolve"_s] = QJsonArray{package(installedId())};
         check();
-        QCOMPARE(state().stage, Stage::upToDate);
+        QCOMPARE(state().failure, Failure::notRetrieved);
+        QVERIFY(state().details.startsWith(updateId()));
+    }
+
+    void updateOfAnotherSource_isRefused()
+    {
+        m_scenario[u"GetUpdates"_s] = QJsonArray{package(u"tovla;1.1;amd64;elsewhere"_s)};
+        check();
+        QCOMPARE(state().failure, Failure::noSource);
+        QVERIFY(state().details.contains(u"elsewhere"_s));
+    }
+
+    void listThatIsNotWhole_isNotUpToDate()
+    {
+        const QString endless = u"x"_s.repeated(1000);
+        m_scenario[u"GetUpdates"_s] = QJsonArray{package(u"other;1;all;%1"_s.arg(endless))};
+        m_scenario[u"Resolve"_s] = QJsonArray{package(installedId())};
+        check();
+        QCOMPARE(state().failure, Failure::notRetrieved);
     }
 
     void missingChangelog_isNoNotes()
@@ -197,6 +216,16 @@ private slots:
         QVERIFY(state().stage == Stage::failed || state().stage == Stage::replaced);
     }
 
+    void cancelledCheck_thatWasStillConnecting_isFollowedByOne()
+    {
+        startStandIn();
+        m_updates->check();
+        m_updates->cancel();
+        m_updates->check();
+        QTRY_COMPARE(state().stage, Stage::available);
+        QCOMPARE(calls().filter(u"SearchFiles"_s).size(), 1);
+    }
+
     void busThatHangs_hangsNobody()
     {
         ::kill(pid_t(m_bus.processId()), SIGSTOP);
@@ -208,13 +237,18 @@ private slots:
         ::kill(pid_t(m_bus.processId()), SIGCONT);
     }
 
-    void busThatIsNotThere()
+    // The last one: a process remembers where the bus was for as long as it lives.
+    void busThatGoesAway_isTold()
     {
-        const QByteArray address = qgetenv("DBUS_SYSTEM_BUS_ADDRESS");
-        qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nonexistent/bus");
+        m_scenario[u"RefreshCache"_s] = QJsonArray{then(u"hang"_s)};
+        startStandIn();
+        m_updates->check();
+        QTRY_VERIFY(calls().contains(uR"(["RefreshCache", false])"_s));
+        m_bus.kill();
+        QTRY_COMPARE(state().failure, Failure::noService);
+        m_bus.waitForFinished();
         m_updates->check();
         QTRY_COMPARE(state().failure, Failure::noService);
-        qputenv("DBUS_SYSTEM_BUS_ADDRESS", address);
     }
 };
 

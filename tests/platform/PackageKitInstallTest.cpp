@@ -129,14 +129,38 @@ private slots:
 
     void installation_isCancelledOnlyWhereTheServiceAllows()
     {
-        m_scenario[u"Simulate"_s] = QJsonArray{then(u"hang"_s)};
+        m_scenario[u"UpdatePackages"_s] = QJsonArray{then(u"hang"_s)};
         check();
         m_updates->install();
-        QTRY_COMPARE(calls().filter(u"Simulate"_s).size(), 1);
+        QTRY_COMPARE(calls().filter(u"UpdatePackages"_s).size(), 1);
         QVERIFY(!state().canCancel);
         m_updates->cancel();
         QCOMPARE(state().stage, Stage::installing);
         QVERIFY(!calls().contains(uR"(["Cancel"])"_s));
+    }
+
+    void simulation_isCancelledAtAnyTime()
+    {
+        m_scenario[u"Simulate"_s] = QJsonArray{then(u"hang"_s)};
+        check();
+        m_updates->install();
+        QTRY_COMPARE(calls().filter(u"Simulate"_s).size(), 1);
+        QVERIFY(state().canCancel);
+        m_updates->cancel();
+        QCOMPARE(state(), UpdateState());
+    }
+
+    void packageBuiltAnew_isInstalled()
+    {
+        const QString source = u"amd64;manual:tovla-stable-main"_s;
+        m_scenario[u"SearchFiles"_s] = QJsonArray{package(u"tovla;1.0-1;"_s + source)};
+        m_scenario[u"GetUpdates"_s] = QJsonArray{package(u"tovla;1.0-2;amd64;tovla-stable-main"_s)};
+        m_scenario[u"Simulate"_s] = m_scenario[u"GetUpdates"_s];
+        m_scenario[u"Resolve"_s] = QJsonArray{package(u"tovla;1.0-2;"_s + source)};
+        check();
+        QCOMPARE(state().version, u"1.0-2"_s);
+        install();
+        QCOMPARE(state().stage, Stage::updated);
     }
 
     void download_isCancelled()
@@ -144,6 +168,7 @@ private slots:
         m_scenario[u"UpdatePackages"_s] = QJsonArray{then(u"cancellable"_s)};
         check();
         m_updates->install();
+        QTRY_COMPARE(calls().filter(u"UpdatePackages"_s).size(), 1);
         QTRY_VERIFY(state().canCancel);
         m_updates->cancel();
         QTRY_COMPARE(state(), UpdateState());

@@ -95,22 +95,9 @@ private slots:
         QTRY_VERIFY(m_bus.canReadLine());
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", m_bus.readLine().trimmed());
     }
-    void cleanupTestCase() { end(m_bus); }
-
     void init()
     {
-        // Version 1.0 is installed, 1.1 is offered with notes, and installing it works.
-        const QJsonObject notes{
-            {QStringLiteral("detail"),
-             QJsonArray{QString(), QStringLiteral("tovla (1.1) any; x\n\n * New bells.")}}};
-        m_scenario = {
-            {QStringLiteral("SearchFiles"), QJsonArray{package(installedId())}},
-            {QStringLiteral("GetUpdates"), QJsonArray{package(updateId(), 5 << 16 | 5)}},
-            {QStringLiteral("GetUpdateDetail"), QJsonArray{notes}},
-            {QStringLiteral("Simulate"), QJsonArray{package(updateId(), 11)}},
-            {QStringLiteral("Resolve"),
-             QJsonArray{package(QStringLiteral("tovla;1.1;amd64;manual:tovla-stable-main"))}},
-        };
+        m_scenario = scenario();
         m_updates = std::make_unique<PackageKitUpdates>(QStringLiteral("/usr/bin/tovla"),
                                                         QStringLiteral("1.0"));
     }
@@ -121,8 +108,24 @@ private slots:
         QVERIFY2(m_meter.longestTurn() < EventLoopMeter::frame,
                  qPrintable(QStringLiteral("%1 µs").arg(m_meter.longestTurn().count() / 1000)));
     }
+    void cleanupTestCase() { end(m_bus); }
 
 private:
+    /// Version 1.0 is installed, 1.1 is offered with notes, and installing it works.
+    static QJsonObject scenario()
+    {
+        const QJsonObject notes{
+            {QStringLiteral("detail"),
+             QJsonArray{QString(), QStringLiteral("tovla (1.1) any; x\n\n * New bells.")}}};
+        return {
+            {QStringLiteral("SearchFiles"), QJsonArray{package(installedId())}},
+            {QStringLiteral("GetUpdates"), QJsonArray{package(updateId(), 5 << 16 | 5)}},
+            {QStringLiteral("GetUpdateDetail"), QJsonArray{notes}},
+            {QStringLiteral("Simulate"), QJsonArray{package(updateId(), 11)}},
+            {QStringLiteral("Resolve"),
+             QJsonArray{package(QStringLiteral("tovla;1.1;amd64;manual:tovla-stable-main"))}},
+        };
+    }
     static void end(QProcess &process)
     {
         process.kill();

@@ -92,7 +92,12 @@ private slots:
         state.otherPackages = QStringList{u"browser"_s, u"editor"_s};
         QCOMPARE(page(state).remark, u"These packages will change too: browser, editor"_s);
         state.wasNotAuthorised = true;
-        QCOMPARE(page(state).remark, u"Authorisation was not given."_s);
+        QCOMPARE(
+            page(state).remark,
+            u"Authorisation was not given.\nThese packages will change too: browser, editor"_s);
+        state.wasNotAuthorised = false;
+        state.otherPackages = u"p"_s.repeated(100).split(u"p"_s, Qt::KeepEmptyParts).mid(0, 50);
+        QVERIFY(page(state).remark.endsWith(u" and 30 more"_s));
     }
 
     void restart_isOffered()

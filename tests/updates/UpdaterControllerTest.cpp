@@ -90,6 +90,27 @@ private slots:
         QVERIFY(!window()->isVisible());
     }
 
+    void outcomeOfAnInstallation_bringsTheClosedWindowBack()
+    {
+        check({.stage = Stage::installing});
+        window()->close();
+        QVERIFY(!window()->isVisible());
+        m_desktop->setUpdateState({.stage = Stage::updated});
+        QVERIFY(window()->isVisible());
+        window()->close();
+        m_desktop->setUpdateState({});
+        QVERIFY(!window()->isVisible());
+    }
+
+    void restart_thatCannotBe_isTold()
+    {
+        // No path is remembered in a test, so there is nothing to start.
+        check({.stage = Stage::updated});
+        QTest::keyClick(window(), Qt::Key_Return);
+        QCOMPARE(m_desktop->alerts.constLast().informativeText,
+                 u"The new version will be available next time."_s);
+    }
+
     void textsOfOthers_arePlain_andReadOnly()
     {
         UpdateState offer{.stage = Stage::available};

@@ -34,7 +34,8 @@ public:
     {
         itimerspec setting{};
         timerfd_gettime(m_descriptor, &setting);
-        return std::chrono::seconds(setting.it_value.tv_sec + (setting.it_value.tv_nsec > 0));
+        const int begun = setting.it_value.tv_nsec > 0 ? 1 : 0;
+        return std::chrono::seconds(setting.it_value.tv_sec + begun);
     }
 
 private:

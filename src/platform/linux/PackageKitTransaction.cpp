@@ -18,7 +18,8 @@ const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Propert
 
 /// What no window could show, and no log should have to hold.
 constexpr qsizetype longestText = 20000;
-constexpr qsizetype mostPackages = 1000;
+constexpr qsizetype mostPackages = 20000;
+constexpr qsizetype longestId = 300;
 
 bool isFailure(const QDBusMessage &reply)
 {
@@ -97,13 +98,14 @@ void PackageKitTransaction::connectSignals()
     listen(transactionInterface, "Destroy", SLOT(takeDestroy()));
     listen(propertiesInterface, "PropertiesChanged",
            SLOT(takeProperties(QString, QVariantMap, QStringList)));
+    m_bus.connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
+                  QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
+                  this, SLOT(takeLoss()));
     // A daemon that is killed in the middle of its work sends nothing.
     const auto *const watcher = new QDBusServiceWatcher(
         m_service, m_bus, QDBusServiceWatcher::WatchForUnregistration, this);
-    connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, [this] {
-        m_outcome.isServiceGone = true;
-        end();
-    });
+    connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this,
+            &PackageKitTransaction::takeLoss);
 }
 
 void PackageKitTransaction::call(const QString &interface, const QString &method,
@@ -141,8 +143,10 @@ void PackageKitTransaction::takePackage(uint info, const QString &id, const QStr
 {
     // The high half tells how urgent an update is.
     constexpr uint kind = 0xFFFF;
-    if (m_outcome.packages.size() < mostPackages) {
+    if (m_outcome.packages.size() < mostPackages && id.size() <= longestId) {
         m_outcome.packages.append({info & kind, {id}});
+    } else {
+        m_isIncomplete = true;
     }
 }
 
@@ -160,6 +164,17 @@ void PackageKitTransaction::takeError(uint code, const QString &text)
 void PackageKitTransaction::takeFinished(uint exit, uint)
 {
     m_outcome.exit = exit;
+    if (m_isIncomplete && m_outcome.succeeded()) {
+        // What is not known of all packages must not be taken for the whole.
+        m_outcome.exit = failed;
+        m_outcome.errorText = QStringLiteral("More packages than can be looked at.");
+    }
+    end();
+}
+
+void PackageKitTransaction::takeLoss()
+{
+    m_outcome.isServiceGone = true;
     end();
 }
 

@@ -98,6 +98,7 @@ private slots:
     void takeError(uint code, const QString &text);
     void takeFinished(uint exit, uint runtime);
     void takeDestroy();
+    void takeLoss();
     void takeProperties(const QString &interface, const QVariantMap &changed,
                         const QStringList &invalidated);
 
@@ -121,5 +122,6 @@ private:
     QString m_path;
     Progress m_progress;
     Outcome m_outcome;
+    bool m_isIncomplete = false;
     bool m_hasEnded = false;
 };

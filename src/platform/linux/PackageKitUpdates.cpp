@@ -27,21 +27,29 @@ QVariant bits(qulonglong value)
     return QVariant::fromValue(value);
 }
 
-/// Without the epoch and the packager's revision (Debian policy 5.6.12).
+/// Without the epoch, the packager's revision (Debian policy 5.6.12) and what packagers add to
+/// say that they have altered the sources or built them anew ("+dfsg", "+b1").
 QString upstreamVersion(const QString &packageVersion)
 {
     const qsizetype start = packageVersion.indexOf(u':') + 1;
-    const qsizetype end = packageVersion.lastIndexOf(u'-');
+    const qsizetype plus = packageVersion.indexOf(u'+');
+    const qsizetype end = plus < 0 ? packageVersion.lastIndexOf(u'-') : plus;
     return packageVersion.mid(start, end < start ? -1 : end - start);
 }
 
 const Transaction::Package *packageNamed(const QList<Transaction::Package> &packages,
                                          const QString &name)
 {
-    const auto found = std::ranges::find_if(packages, [&name](const auto &package) {
-        return package.id.name() == name && package.info != Transaction::blocked;
-    });
+    const auto found = std::ranges::find_if(
+        packages, [&name](const auto &package) { return package.id.name() == name; });
     return found == packages.end() ? nullptr : &*found;
+}
+
+/// Where the package that is installed came from; nothing where that is not known.
+QString sourceOf(const PackageId &installed)
+{
+    const QString source = installed.data().section(u':', -1);
+    return source == u"local" ? QString() : source;
 }
 
 /// What the source has to say about the update; nothing where it says nothing of its own.
@@ -84,6 +92,7 @@ void PackageKitUpdates::check()
     m_own = {};
     m_update = {};
     m_errand = Stage::checking;
+    m_canGiveUp = true;
     UpdateState state{.stage = Stage::checking};
     state.canCancel = true;
     set(state);
@@ -98,7 +107,11 @@ void PackageKitUpdates::check()
 
 void PackageKitUpdates::connectToBus()
 {
-    // A bus that hangs keeps whoever connects to it; so that is left to a thread of its own.
+    if (m_isConnecting) {
+        return;
+    }
+    m_isConnecting = true;
+    // The toolkit waits for the greeting of the bus that it connects to, so that is not done here.
     static int count = 0;
     const QString name = QStringLiteral("tovla-updates-%1").arg(++count);
     auto *const thread = QThread::create(
@@ -106,6 +119,7 @@ void PackageKitUpdates::connectToBus()
     connect(thread, &QThread::finished, thread, &QObject::deleteLater);
     connect(thread, &QThread::finished, this, [this, name] {
         m_bus = QDBusConnection(name);
+        m_isConnecting = false;
         if (m_state.stage != Stage::checking) {
             return;
         }
@@ -152,7 +166,7 @@ void PackageKitUpdates::findUpdates()
         if (!outcome.succeeded()) {
             failToRetrieve(outcome);
         } else if (const auto *const ours = packageNamed(outcome.packages, m_own.name())) {
-            describe(ours->id);
+            takeUpdate(*ours);
         } else if (!m_refresh.succeeded()) {
             failToRetrieve(m_refresh);
         } else {
@@ -161,13 +175,29 @@ void PackageKitUpdates::findUpdates()
     });
 }
 
+void PackageKitUpdates::takeUpdate(const PackageKitTransaction::Package &update)
+{
+    const QString source = sourceOf(m_own);
+    if (update.info == Transaction::blocked) {
+        fail(Failure::notRetrieved,
+             QStringLiteral("%1 is held back by the package manager.").arg(update.id.text));
+    } else if (!source.isEmpty() && source != update.id.data()) {
+        // Somebody else's package of our name, however trusted.
+        fail(Failure::noSource,
+             QStringLiteral("%1, but this version came from %2.").arg(update.id.text, source));
+    } else {
+        describe(update.id);
+    }
+}
+
 void PackageKitUpdates::describe(const PackageId &update)
 {
     m_update = update;
     run(QStringLiteral("GetUpdateDetail"), {QStringList{update.text}},
         [this](const Outcome &outcome) {
             m_offer = {.stage = Stage::available};
-            m_offer.version = upstreamVersion(m_update.version());
+            const QString upstream = upstreamVersion(m_update.version());
+            m_offer.version = upstream == m_version ? m_update.version() : upstream;
             m_offer.releaseNotes = releaseNotes(outcome.updateDetail);
             offer();
         });
@@ -195,6 +225,7 @@ void PackageKitUpdates::explainNoUpdate()
 void PackageKitUpdates::install()
 {
     if (m_state.stage == Stage::available) {
+        m_offer.wasNotAuthorised = false;
         m_errand = Stage::installing;
         simulate();
     }
@@ -203,6 +234,7 @@ void PackageKitUpdates::install()
 void PackageKitUpdates::simulate()
 {
     enter(Stage::installing);
+    m_canGiveUp = true;
     run(QStringLiteral("UpdatePackages"),
         {bits(onlyTrusted | simulated), QStringList{m_update.text}},
         [this](const Outcome &outcome) {
@@ -230,6 +262,7 @@ void PackageKitUpdates::simulate()
 
 void PackageKitUpdates::installNow()
 {
+    m_canGiveUp = false;
     run(QStringLiteral("UpdatePackages"), {bits(onlyTrusted), QStringList{m_update.text}},
         [this](const Outcome &outcome) {
             if (outcome.error == Transaction::notAuthorised) {
@@ -249,7 +282,7 @@ void PackageKitUpdates::verifyInstallation()
     run(QStringLiteral("Resolve"), {bits(filterInstalled), QStringList{m_own.name()}},
         [this](const Outcome &outcome) {
             const auto *const ours = packageNamed(outcome.packages, m_own.name());
-            if (ours != nullptr && upstreamVersion(ours->id.version()) != m_version) {
+            if (ours != nullptr && ours->id.version() == m_update.version()) {
                 m_own = ours->id;
                 enter(Stage::updated);
             } else {
@@ -266,8 +299,8 @@ void PackageKitUpdates::cancel()
     if (m_transaction && m_transaction->progress().allowsCancel) {
         m_transaction->cancel();
     }
-    if (m_errand == Stage::checking) {
-        // Nothing hangs on how a check ends; whatever it still says is not listened to.
+    if (m_canGiveUp) {
+        // Nothing hangs on how this ends; whatever it still says is not listened to.
         if (m_transaction) {
             m_transaction->forget();
         }
@@ -277,6 +310,10 @@ void PackageKitUpdates::cancel()
 
 void PackageKitUpdates::run(const QString &method, const QVariantList &arguments, Next next)
 {
+    if (!m_bus.isConnected()) {
+        fail(Failure::noService, {});
+        return;
+    }
     m_transaction = new Transaction(
         m_bus, method, arguments,
         [this, next = std::move(next)](const Outcome &outcome) {
@@ -310,7 +347,7 @@ void PackageKitUpdates::showProgress()
         state.downloadSize = qMax(m_state.downloadSize, remaining);
         state.downloadedSize = state.downloadSize - remaining;
     }
-    state.canCancel = m_errand == Stage::checking || progress.allowsCancel;
+    state.canCancel = m_canGiveUp || progress.allowsCancel;
     set(state);
 }
 

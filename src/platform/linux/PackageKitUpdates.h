@@ -32,6 +32,7 @@ private:
     void findOwnPackage();
     void refreshLists();
     void findUpdates();
+    void takeUpdate(const PackageKitTransaction::Package &update);
     void describe(const PackageId &update);
     void explainNoUpdate();
     void simulate();
@@ -55,6 +56,9 @@ private:
     QPointer<PackageKitTransaction> m_transaction;
     /// Of the transaction that is under way: checking, or installing.
     UpdateState::Stage m_errand = UpdateState::Stage::idle;
+    /// Whether it changes nothing, so that it can be left to itself at any time.
+    bool m_canGiveUp = false;
+    bool m_isConnecting = false;
     PackageId m_own;
     PackageId m_update;
     UpdateState m_offer;

@@ -31,6 +31,21 @@ QString &ownPath()
 }
 
 bool isRestartWanted = false;
+bool isEnding = false;
+
+/// Notes that the program has been told to end, by its menu, by the session or by us.
+class EndWatcher final : public QObject
+{
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        isEnding = isEnding || event->type() == QEvent::Quit;
+        return false;
+    }
+};
 
 /// A saved session would start Tovla beside the one that the user has started at login.
 void stayOutOfSavedSessions()
@@ -50,8 +65,10 @@ void endOnSignals()
         return;
     }
     auto *const notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read, qGuiApp);
-    QObject::connect(notifier, &QSocketNotifier::activated, qGuiApp,
-                     [] { QCoreApplication::exit(0); });
+    QObject::connect(notifier, &QSocketNotifier::activated, qGuiApp, [] {
+        isEnding = true;
+        QCoreApplication::exit(0);
+    });
 }
 } // namespace
 
@@ -78,17 +95,27 @@ QString Process::programPath()
     return ownPath();
 }
 
-void Process::restart()
+bool Process::canRestart()
 {
-    isRestartWanted = true;
-    QCoreApplication::quit();
+    return access(QFile::encodeName(programPath()), X_OK) == 0;
 }
 
-int Process::end(int exitStatus, char *argv[])
+void Process::restart()
+{
+    if (!isEnding) {
+        isRestartWanted = true;
+        QCoreApplication::quit();
+    }
+}
+
+int Process::end(int exitStatus, char **argv)
 {
     if (isRestartWanted) {
         // This closes all connections, and with them frees the name of the one running copy before
         // the new one, which has to greet the bus first, can ask for it.
+        // That the bus started the old one means nothing for the new one.
+        qunsetenv("DBUS_STARTER_BUS_TYPE");
+        qunsetenv("DBUS_STARTER_ADDRESS");
         execv(QFile::encodeName(programPath()), argv);
         std::perror("tovla: could not be started again");
     }
@@ -97,6 +124,7 @@ int Process::end(int exitStatus, char *argv[])
 
 void Process::endOnRequest()
 {
+    qGuiApp->installEventFilter(new EndWatcher(qGuiApp));
     stayOutOfSavedSessions();
     endOnSignals();
 }
