@@ -278,7 +278,7 @@
     <name>UpdaterController</name>
     <message>
         <source>Update Installed</source>
-        <translation type="unfinished">Update Installed</translation>
+        <translation>Update Installed</translation>
     </message>
     <message>
         <source>The new version will be available next time.</source>

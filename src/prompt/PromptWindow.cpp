@@ -117,7 +117,7 @@ void PromptWindow::followScreens()
     }
     // Some window managers leave a window where there is no screen any more.
     const QRect strip(mapToGlobal(frame().topLeft()), QSize(PromptView::width, TitleStrip::height));
-    if (!QGuiApplication::screenAt(strip.center())) {
+    if (QGuiApplication::screenAt(strip.center()) == nullptr) {
         centreOnScreenWithPointer();
     }
     announceShape();
