@@ -49,7 +49,10 @@ public:
         return pixmap;
     }
 
-    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override { return {QSize(size, size)}; }
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override
+    {
+        return {QSizeF(size, size).toSize()};
+    }
 
     QString iconName() override { return QStringLiteral("org.tovla.Tovla-symbolic"); }
 
