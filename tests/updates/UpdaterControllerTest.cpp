@@ -16,7 +16,7 @@ using Stage = UpdateState::Stage;
 
 namespace
 {
-AppState *state = nullptr;
+AppState *shared = nullptr;
 } // namespace
 
 /// The window of the updates, with updates that only note what is asked of them.
@@ -29,8 +29,8 @@ private slots:
     {
         m_desktop = std::make_unique<TestDesktop>();
         m_state = std::make_unique<AppStateForTests>(*m_desktop);
-        state = &**m_state;
-        m_controller = std::make_unique<UpdaterController>([]() -> AppState & { return *state; });
+        shared = &**m_state;
+        m_controller = std::make_unique<UpdaterController>([]() -> AppState & { return *shared; });
     }
     void cleanup()
     {
