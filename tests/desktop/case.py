@@ -1,8 +1,10 @@
 # SPDX-License-Identifier: MIT
 """What the tests that drive the real program have in common."""
+import os
 import re
 import subprocess
 import unittest
+from pathlib import Path
 
 from desktop import Desktop, output, search_windows, visible_windows, wait_for
 
@@ -81,6 +83,11 @@ class DesktopCase(unittest.TestCase):
     def wait_for_day_file(self, condition):
         return wait_for(lambda: any(condition(path.read_bytes()) for path in self.day_files()),
                         "the day file to be written")
+
+
+def is_sanitized():
+    """Whether the program was built with the address sanitizer, which makes it slow and large."""
+    return b"__asan_init" in Path(os.environ["TOVLA"]).read_bytes()
 
 
 def is_time(title):

@@ -12,7 +12,7 @@ import time
 import unittest
 from pathlib import Path
 
-from case import DesktopCase, active_window_title, is_time, press_keys
+from case import DesktopCase, active_window_title, is_sanitized, is_time, press_keys
 from desktop import wait_for
 
 MINUTE = 60
@@ -68,10 +68,6 @@ def wake_ups(pid):
 def private_dirty_kib(pid):
     rollup = Path(f"/proc/{pid}/smaps_rollup").read_text()
     return int(re.search(r"Private_Dirty:\s+(\d+) kB", rollup)[1])
-
-
-def is_sanitized():
-    return b"__asan_init" in Path(os.environ["TOVLA"]).read_bytes()
 
 
 @unittest.skipIf(is_sanitized(), "the address sanitizer works of its own and keeps what is freed")

@@ -34,7 +34,10 @@ protected:
 
     static QJsonObject package(const QString &id, int info = 1)
     {
-        return {{QStringLiteral("packages"), QJsonArray{QJsonArray{info, id}}}};
+        // Braces around one array would copy it, as clang reads them.
+        QJsonArray packages;
+        packages.append(QJsonArray{info, id});
+        return {{QStringLiteral("packages"), packages}};
     }
     static QJsonObject error(int code, const QString &text)
     {
