@@ -4,6 +4,8 @@ import glob
 import os
 import time
 import unittest
+from datetime import datetime
+from zoneinfo import ZoneInfo
 
 from case import DesktopCase, is_sanitized, press_keys, type_text, visible_titles
 from desktop import wait_for
@@ -15,14 +17,18 @@ FAKETIME = glob.glob("/usr/lib/*/faketime/libfaketimeMT.so.1")[0]
 
 
 class TimeTest(DesktopCase):
-    def start_sped_up(self, clock, **preferences):
-        """@p clock as in "+0": the offset, or where the clock begins."""
+    def start_sped_up(self, begin=None, **preferences):
+        """@p begin as in "2026-11-15 09:00", in the zone of the desktop; else now."""
+        offset = 0
+        if begin:
+            moment = datetime.fromisoformat(begin).replace(tzinfo=ZoneInfo(os.environ["TZ"]))
+            offset = int(moment.timestamp() - time.time())
         self.desktop.write_preferences(folderPath=self.desktop.journal(), **preferences)
-        self.tovla = self.desktop.start_tovla(LD_PRELOAD=FAKETIME, FAKETIME=f"{clock} x{SPEED}")
+        self.tovla = self.desktop.start_tovla(LD_PRELOAD=FAKETIME, FAKETIME=f"{offset:+d} x{SPEED}")
         self.item = self.tovla.wait_for_tray_item()
 
     def test_prompts_come_every_interval(self):
-        self.start_sped_up("@2026-11-15 09:00:00", intervalMinutes=5)
+        self.start_sped_up("2026-11-15 09:00", intervalMinutes=5)
         titles = set()
         while len(titles) < 2:
             (title,) = wait_for(self.prompt_titles, "a prompt that comes by itself")
@@ -34,13 +40,13 @@ class TimeTest(DesktopCase):
         self.assertIn(second - first, (4, 5, 6))
 
     def test_prompt_comes_while_a_menu_is_open(self):
-        self.start_sped_up("+0", intervalMinutes=3)
+        self.start_sped_up(intervalMinutes=3)
         self.open_menu()
         wait_for(self.prompt_titles, "the prompt")
 
     def test_note_opened_before_midnight_goes_to_that_day(self):
         started = time.monotonic()
-        self.start_sped_up("@2026-11-15 23:50:00", intervalMinutes=5)
+        self.start_sped_up("2026-11-15 23:50", intervalMinutes=5)
         (title,) = wait_for(self.prompt_titles, "the prompt")
         self.assertTrue(title.startswith("23:5"), title)
         type_text("late")
