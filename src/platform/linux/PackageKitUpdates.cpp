@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/PackageKitUpdates.h"
 
-#include "platform/linux/DebianChangelog.h"
+#include "platform/linux/PackageKitAnswers.h"
 
 #include <QFileInfo>
 #include <QThread>
@@ -13,6 +13,9 @@ namespace
 using Stage = UpdateState::Stage;
 using Failure = UpdateState::Failure;
 using Transaction = PackageKitTransaction;
+using PackageKitAnswers::releaseNotes;
+using PackageKitAnswers::sourceOf;
+using PackageKitAnswers::upstreamVersion;
 
 // Bit fields of PackageKit: 1 << the number in PK_FILTER_ENUM and PK_TRANSACTION_FLAG_ENUM.
 constexpr qulonglong filterNone = 1U << 1U;
@@ -20,21 +23,9 @@ constexpr qulonglong filterInstalled = 1U << 2U;
 constexpr qulonglong onlyTrusted = 1U << 1U;
 constexpr qulonglong simulated = 1U << 2U;
 
-constexpr qsizetype longestNotes = 20000;
-
 QVariant bits(qulonglong value)
 {
     return QVariant::fromValue(value);
-}
-
-/// Without the epoch, the packager's revision (Debian policy 5.6.12) and what packagers add to
-/// say that they have altered the sources or built them anew ("+dfsg", "+b1").
-QString upstreamVersion(const QString &packageVersion)
-{
-    const qsizetype start = packageVersion.indexOf(u':') + 1;
-    const qsizetype plus = packageVersion.indexOf(u'+');
-    const qsizetype end = plus < 0 ? packageVersion.lastIndexOf(u'-') : plus;
-    return packageVersion.mid(start, end < start ? -1 : end - start);
 }
 
 const Transaction::Package *packageNamed(const QList<Transaction::Package> &packages,
@@ -45,36 +36,6 @@ const Transaction::Package *packageNamed(const QList<Transaction::Package> &pack
     return found == packages.end() ? nullptr : &*found;
 }
 
-/// Where the package that is installed came from; nothing where that is not known.
-QString sourceOf(const PackageId &installed)
-{
-    const QString source = installed.data().section(u':', -1);
-    return source == u"local" ? QString() : source;
-}
-
-/// What the source has to say about the update; nothing where it says nothing of its own.
-QString releaseNotes(const QVariantList &updateDetail)
-{
-    // org.freedesktop.PackageKit.Transaction, signal UpdateDetail
-    constexpr int updateText = 7;
-    constexpr int changelog = 8;
-    const QString written = updateDetail.value(changelog).toString().trimmed();
-    const bool isMissing = written.startsWith(u"Changelog for this version is not yet available");
-    const QString text = written.isEmpty() || isMissing
-        ? updateDetail.value(updateText).toString().trimmed()
-        : written;
-    return releaseNotesOfDebianChangelog(text.left(longestNotes));
-}
-
-/// PackageKit gives the same number to all that can be wrong with a source; what apt and gpgv say
-/// about it is always in English.
-bool isAboutSignatures(const QString &text)
-{
-    const QStringList words{QStringLiteral("BADSIG"), QStringLiteral("NO_PUBKEY"),
-                            QStringLiteral("EXPKEYSIG"), QStringLiteral("REVKEYSIG"),
-                            QStringLiteral("not signed")};
-    return std::ranges::any_of(words, [&text](const QString &word) { return text.contains(word); });
-}
 } // namespace
 
 PackageKitUpdates::PackageKitUpdates(QString programPath, QString version)
@@ -386,35 +347,12 @@ void PackageKitUpdates::fail(Failure failure, const QString &details)
 
 void PackageKitUpdates::failToRetrieve(const Outcome &outcome)
 {
-    Failure failure = Failure::notRetrieved;
-    if (outcome.error == Transaction::noNetwork) {
-        failure = Failure::offline;
-    } else if (outcome.error == Transaction::cannotGetLock) {
-        failure = Failure::busy;
-    } else if (isAboutSignatures(outcome.errorText)) {
-        failure = Failure::improperlySigned;
-    }
-    fail(failure, outcome.errorText);
+    fail(PackageKitAnswers::retrievalFailure(outcome), outcome.errorText);
 }
 
 void PackageKitUpdates::failToInstall(const Outcome &outcome)
 {
-    Failure failure = Failure::notInstalled;
-    switch (outcome.error) {
-    case Transaction::noNetwork:
-        failure = Failure::offline;
-        break;
-    case Transaction::downloadFailed:
-    case Transaction::badSignature:
-        failure = Failure::notDownloaded;
-        break;
-    case Transaction::cannotGetLock:
-        failure = Failure::busy;
-        break;
-    default:
-        break;
-    }
-    fail(failure, outcome.errorText);
+    fail(PackageKitAnswers::installationFailure(outcome), outcome.errorText);
 }
 
 void PackageKitUpdates::set(const UpdateState &state)
