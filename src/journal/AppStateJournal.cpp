@@ -5,18 +5,14 @@
 
 namespace
 {
-Files::Failure appendEntry(const QString &folderPath, const DayFile &dayFile, const QString &note)
+Files::Failure addEntry(const QString &folderPath, const DayFile &dayFile, const QString &note)
 {
-    if (!Files::exists(folderPath)) {
-        if (auto failure = Files::createDirectories(folderPath)) {
-            return failure;
-        }
+    if (auto failure = Files::ensureDirectory(folderPath)) {
+        return failure;
     }
-    const QString path = folderPath + u'/' + dayFile.name();
-    if (Files::exists(path)) {
-        return Files::append(path, '\n' + dayFile.entry(note));
-    }
-    return Files::writeWhole(path, dayFile.header() + dayFile.entry(note));
+    const QByteArray entry = dayFile.entry(note);
+    return Files::appendOrCreate(folderPath + u'/' + dayFile.name(), '\n' + entry,
+                                 dayFile.header() + entry);
 }
 } // namespace
 
@@ -31,7 +27,7 @@ void AppState::savePrompt(const QString &text, const QDateTime &openedAt)
         showJournalAlert(QStringLiteral("Pick a folder in Settings before saving entries."));
         return;
     }
-    if (const auto failure = appendEntry(m_folderPath, DayFile(openedAt), note)) {
+    if (const auto failure = addEntry(m_folderPath, DayFile(openedAt), note)) {
         showJournalAlert(QStringLiteral("Could not save entry: ") + *failure);
     }
 }

@@ -6,25 +6,26 @@
 
 #include <optional>
 
-/// Small synchronous file operations whose every step is checked.
+/// Small synchronous file operations whose every step is checked. What cannot be looked at is not
+/// taken for missing, and nothing that is there is ever replaced or removed.
 namespace Files
 {
 /// Why an operation failed, in the system's own words ("No space left on device"); nothing when it
 /// succeeded.
 using Failure = std::optional<QString>;
 
-/// Whether anything, of any kind, is there. A link that leads nowhere is nothing.
-[[nodiscard]] bool exists(const QString &path);
+/// Whether @p path names a file as the system knows it: a byte that is not UTF-8 is lost on its way
+/// into a text, and the text would then name another file.
+[[nodiscard]] bool isFaithful(const QString &path);
 
-/// Makes the directory and those above it that are missing.
-[[nodiscard]] Failure createDirectories(const QString &path);
+/// Makes the directory and those above it, unless anything, of any kind, is there already.
+[[nodiscard]] Failure ensureDirectory(const QString &path);
 
-/// Puts a file with exactly these bytes at @p path, replacing what is there. A reader sees all of
-/// them or none, and so does the next start after a power cut. On failure nothing is left behind.
-[[nodiscard]] Failure writeWhole(const QString &path, const QByteArray &bytes);
-
-/// Adds the bytes at the end of an existing regular file and has them on the disk on return. Never
-/// creates, truncates or reads the file; anything else than a regular file is refused without
-/// waiting for it. On failure the bytes that were written before it stay.
-[[nodiscard]] Failure append(const QString &path, const QByteArray &bytes);
+/// Adds @p addition at the end of the regular file at @p path, or makes one of @p whole where there
+/// is none, at the end of a link too; on the disk on return. Never reads or truncates. A reader
+/// sees a new file with all of its bytes or not at all; of an addition that fails midway, what was
+/// written stays. A file that another program makes or replaces meanwhile gets the addition; when
+/// that goes on and on, the operation fails.
+[[nodiscard]] Failure appendOrCreate(const QString &path, const QByteArray &addition,
+                                     const QByteArray &whole);
 } // namespace Files

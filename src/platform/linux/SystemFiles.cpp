@@ -4,18 +4,31 @@
 #include <QFile>
 #include <QRandomGenerator>
 
+#include <array>
 #include <cerrno>
+#include <chrono>
+#include <climits>
+#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
-namespace Files
-{
+// Steps return the errno that they failed with, or 0.
 namespace
 {
+using namespace std::chrono_literals;
+
+// Of appending and making in turn, while another program makes and removes the file.
+constexpr int mostRounds = 5;
+constexpr auto patienceWithLease = 1s;
+constexpr auto leaseCheck = 5ms;
+// Of links that lead to links (path_resolution(7)).
+constexpr int mostLinks = 40;
+
 /// An open file that is closed on every way out; closing it by hand shows the error of closing.
 class Descriptor final
 {
@@ -44,18 +57,33 @@ private:
     int m_number;
 };
 
-Failure systemFailure(int error = errno)
+Files::Failure failure(int error)
 {
-    return QString::fromLocal8Bit(std::strerror(error));
+    return error == 0 ? std::nullopt : std::optional(QString::fromLocal8Bit(std::strerror(error)));
 }
 
-/// A name with a NUL inside would silently be cut there.
-Failure checkName(const QString &path)
+Files::Failure checkName(const QString &path)
 {
-    return path.contains(QChar::Null) ? systemFailure(EINVAL) : std::nullopt;
+    if (path.contains(QChar::Null)) { // the system would take it for the end
+        return failure(EINVAL);
+    }
+    return Files::isFaithful(path) ? std::nullopt
+                                   : std::optional(QStringLiteral("Its name is not valid UTF-8"));
 }
 
-Failure writeSynced(Descriptor &file, const QByteArray &bytes)
+/// What a file system answers that does not have the operation at all.
+bool isUnsupported(int error)
+{
+    return error == EINVAL || error == ENOSYS || error == EOPNOTSUPP;
+}
+
+int sync(const Descriptor &file)
+{
+    // The bytes are written; a disk that cannot be told to keep them is no reason to write twice.
+    return ::fsync(file.number()) == 0 || isUnsupported(errno) ? 0 : errno;
+}
+
+int writeSynced(Descriptor &file, const QByteArray &bytes)
 {
     for (qsizetype done = 0; done < bytes.size();) {
         const ssize_t count = ::write(file.number(), bytes.constData() + done,
@@ -64,92 +92,188 @@ Failure writeSynced(Descriptor &file, const QByteArray &bytes)
             continue;
         }
         if (count <= 0) {
-            return systemFailure(count < 0 ? errno : EIO);
+            return count < 0 ? errno : EIO;
         }
         done += count;
     }
-    if (::fsync(file.number()) != 0 || !file.close()) {
-        return systemFailure();
+    if (const int error = sync(file)) {
+        return error;
     }
-    return std::nullopt;
+    return file.close() ? 0 : errno;
 }
 
-/// Beside its final place, since a rename does not cross file systems, and hidden until then.
-QByteArray temporaryName(const QString &path)
+/// O_NONBLOCK, since opening a FIFO that nobody reads would wait for a reader. A file that a file
+/// server lends to somebody then refuses at once, though it is given back in a moment (fcntl(2),
+/// leases).
+int openAtEnd(const QByteArray &path)
 {
-    const qsizetype slash = path.lastIndexOf(u'/');
-    const quint64 random = QRandomGenerator::system()->generate64();
-    return QFile::encodeName(path.first(slash + 1) + u'.' + path.sliced(slash + 1) + u'.'
-                             + QString::number(random, 36));
+    const auto end = std::chrono::steady_clock::now() + patienceWithLease;
+    for (;;) {
+        const int number = ::open(path, O_WRONLY | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+        if (number >= 0 || errno != EAGAIN || std::chrono::steady_clock::now() >= end) {
+            return number;
+        }
+        std::this_thread::sleep_for(leaseCheck);
+    }
+}
+
+/// ENOENT when the path leads to nothing, or no longer to the file that it led to.
+int checkStillThere(const QByteArray &path, const Descriptor &file)
+{
+    struct stat opened {
+    };
+    struct stat there {
+    };
+    if (::fstat(file.number(), &opened) != 0) {
+        return errno;
+    }
+    if (!S_ISREG(opened.st_mode)) {
+        return EINVAL;
+    }
+    if (::stat(path, &there) != 0) {
+        return errno;
+    }
+    return there.st_dev == opened.st_dev && there.st_ino == opened.st_ino ? 0 : ENOENT;
+}
+
+/// What was already written when a later step fails is never retried: @p isWritten tells.
+int append(const QByteArray &path, const QByteArray &bytes, bool &isWritten)
+{
+    Descriptor file(openAtEnd(path));
+    if (!file.isOpen()) {
+        return errno;
+    }
+    if (const int error = checkStillThere(path, file)) {
+        return error;
+    }
+    isWritten = true;
+    return writeSynced(file, bytes);
+}
+
+/// Where a new file at @p path is to be made: at the end of a link that leads nowhere.
+int followLinks(QByteArray &path)
+{
+    for (int links = 0; links < mostLinks; ++links) {
+        std::array<char, PATH_MAX> target{};
+        const ssize_t length = ::readlink(path, target.data(), target.size());
+        if (length < 0) {
+            return errno == EINVAL || errno == ENOENT ? 0 : errno;
+        }
+        const QByteArray leadsTo(target.data(), length);
+        const QByteArray folder = path.first(path.lastIndexOf('/') + 1);
+        path = leadsTo.startsWith('/') ? leadsTo : folder + leadsTo;
+    }
+    return ELOOP;
+}
+
+/// EEXIST when something is there.
+int renameToNothing(const QByteArray &temporary, const QByteArray &path)
+{
+    if (::renameat2(AT_FDCWD, temporary, AT_FDCWD, path, RENAME_NOREPLACE) == 0) {
+        return 0;
+    }
+    const int refusal = errno;
+    if (refusal != EEXIST && !isUnsupported(refusal)) {
+        return refusal;
+    }
+    // Asked even when something is there: a network file system may remember for a minute that
+    // nothing is, and looks anew once this fails.
+    if (::link(temporary, path) == 0) {
+        ::unlink(temporary);
+        return 0;
+    }
+    const bool hasLinks = errno != EPERM && !isUnsupported(errno);
+    if (refusal == EEXIST || hasLinks) {
+        return refusal == EEXIST ? refusal : errno;
+    }
+    // Neither is known, as on FAT: nothing is better than a last look.
+    struct stat status {
+    };
+    if (::lstat(path, &status) == 0) {
+        return EEXIST;
+    }
+    return errno == ENOENT && ::rename(temporary, path) == 0 ? 0 : errno;
 }
 
 /// Makes the new name itself survive a power cut. A file system that cannot do that for a
 /// directory has no better way, and the file is already in its place.
-void syncDirectoryOf(const QString &path)
+void syncDirectory(const QByteArray &folder)
 {
-    const Descriptor directory(::open(QFile::encodeName(path.first(path.lastIndexOf(u'/') + 1)),
-                                      O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const Descriptor directory(::open(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (directory.isOpen()) {
         ::fsync(directory.number());
     }
 }
-} // namespace
 
-bool exists(const QString &path)
+/// EEXIST when something is there.
+int create(QByteArray path, const QByteArray &bytes)
 {
-    struct stat status {
-    };
-    return !checkName(path) && ::stat(QFile::encodeName(path), &status) == 0;
-}
-
-Failure createDirectories(const QString &path)
-{
-    if (auto failure = checkName(path)) {
-        return failure;
+    if (const int error = followLinks(path)) {
+        return error;
     }
-    std::error_code error;
-    std::filesystem::create_directories(QFile::encodeName(path).toStdString(), error);
-    return error ? systemFailure(error.value()) : std::nullopt;
-}
-
-Failure writeWhole(const QString &path, const QByteArray &bytes)
-{
-    if (auto failure = checkName(path)) {
-        return failure;
-    }
-    const QByteArray temporary = temporaryName(path);
+    // Beside its final place, since a rename does not cross file systems, and hidden until then.
+    const QByteArray folder = path.first(path.lastIndexOf('/') + 1);
+    const QByteArray temporary = folder + '.' + path.sliced(folder.size()) + '.'
+        + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
     Descriptor file(::open(temporary, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     if (!file.isOpen()) {
-        return systemFailure();
+        return errno;
     }
-    auto failure = writeSynced(file, bytes);
-    if (!failure && ::rename(temporary, QFile::encodeName(path)) != 0) {
-        failure = systemFailure();
+    int error = writeSynced(file, bytes);
+    if (error == 0) {
+        error = renameToNothing(temporary, path);
     }
-    if (failure) {
+    if (error != 0) {
         ::unlink(temporary);
-        return failure;
+        return error;
     }
-    syncDirectoryOf(path);
-    return std::nullopt;
+    syncDirectory(folder);
+    return 0;
+}
+} // namespace
+
+bool Files::isFaithful(const QString &path)
+{
+    return path.isValidUtf16() && !path.contains(QChar::ReplacementCharacter);
 }
 
-Failure append(const QString &path, const QByteArray &bytes)
+Files::Failure Files::ensureDirectory(const QString &path)
 {
-    if (auto failure = checkName(path)) {
-        return failure;
+    if (auto problem = checkName(path)) {
+        return problem;
     }
-    // O_NONBLOCK: opening a FIFO that nobody reads would wait for a reader.
-    Descriptor file(
-        ::open(QFile::encodeName(path), O_WRONLY | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    const QByteArray name = QFile::encodeName(path);
     struct stat status {
     };
-    if (!file.isOpen() || ::fstat(file.number(), &status) != 0) {
-        return systemFailure();
+    if (::stat(name, &status) == 0) {
+        return std::nullopt;
     }
-    if (!S_ISREG(status.st_mode)) {
-        return systemFailure(EINVAL);
+    if (errno != ENOENT) {
+        return failure(errno);
     }
-    return writeSynced(file, bytes);
+    std::error_code error;
+    std::filesystem::create_directories(name.toStdString(), error);
+    return failure(error.value());
 }
-} // namespace Files
+
+Files::Failure Files::appendOrCreate(const QString &path, const QByteArray &addition,
+                                     const QByteArray &whole)
+{
+    if (auto problem = checkName(path)) {
+        return problem;
+    }
+    const QByteArray name = QFile::encodeName(path);
+    int error = 0;
+    for (int round = 0; round < mostRounds; ++round) {
+        bool isWritten = false;
+        error = append(name, addition, isWritten);
+        if (isWritten || error != ENOENT) {
+            break;
+        }
+        error = create(name, whole);
+        if (error != EEXIST) {
+            break;
+        }
+    }
+    return failure(error);
+}
