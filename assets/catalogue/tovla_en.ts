@@ -29,6 +29,10 @@
         <source>Choose</source>
         <translation>Choose</translation>
     </message>
+    <message>
+        <source>The name of this folder is not valid UTF-8, so Tovla would not find it again. Rename it, or choose another one.</source>
+        <translation>The name of this folder is not valid UTF-8, so Tovla would not find it again. Rename it, or choose another one.</translation>
+    </message>
 </context>
 <context>
     <name>FrequencyControl</name>

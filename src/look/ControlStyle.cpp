@@ -13,7 +13,6 @@ namespace
 constexpr auto prominentProperty = "tovlaIsProminent";
 constexpr qreal controlRadius = 5;
 constexpr int buttonPadding = 12;
-constexpr qreal focusRingWidth = 3;
 constexpr int radioSide = 14;
 constexpr int radioToText = 6;
 constexpr int radioHeight = 16;
@@ -80,7 +79,7 @@ QColor textOn(const QColor &accent)
 /// The two arrows that tell a pop-up from a button.
 void drawPopUpArrows(QPainter &painter, const QStyleOption &option)
 {
-    constexpr qreal trailing = 13;
+    constexpr qreal trailing = ControlStyle::faceMargin + 12;
     constexpr qreal side = 7;
     constexpr qreal gap = 2;
     painter.save();
@@ -108,16 +107,13 @@ void ControlStyle::drawFace(QPainter &painter, const QStyleOption &option, const
     const bool isField = option.type == QStyleOption::SO_Frame;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF rect
-        = QRectF(option.rect).adjusted(faceMargin, faceMargin, -faceMargin, -faceMargin - 1);
+    const QRectF rect = QRectF(option.rect).marginsRemoved(overhang);
     if (option.state.testFlag(QStyle::State_HasFocus)
         && (option.state.testFlag(QStyle::State_KeyboardFocusChange)
             || isField)) { // a text field shows where one types
-        QColor ring = option.palette.color(QPalette::Link);
-        ring.setAlphaF(0.5F);
-        const qreal grown = focusRingWidth - faceMargin;
-        painter.fillPath(
-            squirclePath(rect.adjusted(-grown, -grown, grown, grown), controlRadius + grown), ring);
+        const QRectF ring = QRectF(option.rect);
+        painter.fillPath(squirclePath(ring, controlRadius + faceMargin),
+                         option.palette.color(QPalette::Link));
     }
     fillFace(painter, rect, face);
     if (option.state.testFlag(QStyle::State_Sunken) && !isField) {
@@ -202,9 +198,9 @@ QRect ControlStyle::subControlRect(ComplexControl control, const QStyleOptionCom
                                    SubControl part, const QWidget *widget) const
 {
     if (control == CC_ComboBox && part == SC_ComboBoxEditField) {
-        constexpr int leading = 7;
-        constexpr int arrows = 30;
-        return option->rect.adjusted(leading, 0, -arrows, -1);
+        constexpr int leading = faceMargin + 6;
+        constexpr int arrows = faceMargin + 29;
+        return option->rect.adjusted(leading, 0, -arrows, 0);
     }
     return QProxyStyle::subControlRect(control, option, part, widget);
 }

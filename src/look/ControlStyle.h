@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QMargins>
 #include <QProxyStyle>
 
 class QPushButton;
@@ -14,9 +15,11 @@ class ControlStyle final : public QProxyStyle
 
 public:
     static constexpr int controlHeight = 22;
-    /// Around a face there is a rim, and below it a little more of a shadow. Logical pixels.
-    static constexpr int faceMargin = 1;
-    static constexpr int outerHeight = controlHeight + 2 * faceMargin + 1;
+    /// Around a face there is room for the focus ring, and for the rim and the shadow. It takes no
+    /// place in a layout (OverhangItem). Logical pixels.
+    static constexpr int faceMargin = 3;
+    static constexpr QMargins overhang{faceMargin, faceMargin, faceMargin, faceMargin};
+    static constexpr int outerHeight = controlHeight + 2 * faceMargin;
 
     ControlStyle();
 

@@ -25,7 +25,8 @@ QString Labels::withMnemonic(const QString &text)
     return u'&' + text;
 }
 
-ElidedLabel::ElidedLabel(const QFont &font, QPalette::ColorRole role)
+ElidedLabel::ElidedLabel(const QFont &font, QPalette::ColorRole role, QWidget *parent)
+    : QLabel(parent)
 {
     setUp(*this, font, role);
 }
@@ -35,12 +36,20 @@ QSize ElidedLabel::minimumSizeHint() const
     return {0, QLabel::minimumSizeHint().height()};
 }
 
+QString ElidedLabel::shownText() const
+{
+    // A line break in a file's name must not take the rest of the path out of sight.
+    return fontMetrics().elidedText(text().simplified(), Qt::ElideMiddle, width());
+}
+
+bool ElidedLabel::isElided() const
+{
+    return shownText() != text().simplified();
+}
+
 void ElidedLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
-    // A line break in a file's name must not take the rest of the path out of sight.
-    const QString line = text().simplified();
-    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     fontMetrics().elidedText(line, Qt::ElideMiddle, width()));
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shownText());
 }

@@ -24,10 +24,15 @@ class ElidedLabel final : public QLabel
     Q_DISABLE_COPY_MOVE(ElidedLabel)
 
 public:
-    ElidedLabel(const QFont &font, QPalette::ColorRole role);
+    ElidedLabel(const QFont &font, QPalette::ColorRole role, QWidget *parent);
 
     [[nodiscard]] QSize minimumSizeHint() const override;
+    /// Some of the text is left out.
+    [[nodiscard]] bool isElided() const;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+
+private:
+    [[nodiscard]] QString shownText() const;
 };

@@ -21,9 +21,10 @@ private:
     [[nodiscard]] QLayout *createTexts();
     void refresh();
     void pickFolder();
+    void take(const QString &path);
 
     AppState &m_state;
     QLabel *m_none;
-    QLabel *m_name;
+    ElidedLabel *m_name;
     ElidedLabel *m_path;
 };

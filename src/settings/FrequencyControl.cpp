@@ -7,6 +7,7 @@
 #include "look/Fonts.h"
 #include "look/Labels.h"
 #include "look/Look.h"
+#include "look/OverhangItem.h"
 #include "settings/IntervalText.h"
 #include "settings/Stepper.h"
 
@@ -21,15 +22,19 @@ namespace
 {
 constexpr int numberWidth = 56;
 constexpr int spacing = 8;
+// Beside what the toolkit leaves free at each end of a text field.
+constexpr int textMargin = 2;
 constexpr int nextSpacing = 4;
 } // namespace
 
-NumberField::NumberField(std::function<void(const QString &)> committed)
-    : m_committed(std::move(committed))
+NumberField::NumberField(std::function<void(const QString &)> committed, QWidget *parent)
+    : QLineEdit(parent)
+    , m_committed(std::move(committed))
 {
     setFont(systemFont(FontSizes::body));
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    setFixedSize(numberWidth + 2, ControlStyle::outerHeight);
+    setFixedSize(numberWidth + 2 * ControlStyle::faceMargin, ControlStyle::outerHeight);
+    setTextMargins(textMargin, 0, textMargin, 0);
     connect(this, &QLineEdit::returnPressed, this, &NumberField::commit);
 }
 
@@ -77,8 +82,8 @@ void NumberField::commit()
 
 FrequencyControl::FrequencyControl(AppState &state)
     : m_state(state)
-    , m_number(new NumberField([this](const QString &text) { take(text); }))
-    , m_stepper(new Stepper([this](int direction) { step(direction); }))
+    , m_number(new NumberField([this](const QString &text) { take(text); }, this))
+    , m_stepper(new Stepper([this](int direction) { step(direction); }, this))
     , m_unit(Labels::plain(QString(), systemFont(FontSizes::subheadline), Look::secondaryTextRole))
     , m_nextAt(
           Labels::plain(tr("next at"), systemFont(FontSizes::subheadline), Look::tertiaryTextRole))
@@ -92,11 +97,12 @@ FrequencyControl::FrequencyControl(AppState &state)
     next->addWidget(m_nextAt);
     next->addWidget(m_nextTime);
 
+    setContentsMargins(ControlStyle::overhang);
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins({});
-    layout->setSpacing(spacing - 1);
-    layout->addWidget(m_number);
-    layout->addWidget(m_stepper);
+    layout->setSpacing(spacing);
+    layout->addItem(new OverhangItem(m_number, ControlStyle::overhang));
+    layout->addItem(new OverhangItem(m_stepper, ControlStyle::overhang));
     layout->addWidget(m_unit);
     layout->addStretch();
     layout->addLayout(next);
@@ -118,12 +124,13 @@ void FrequencyControl::take(const QString &text)
 
 void FrequencyControl::step(int direction)
 {
-    // What is typed but not committed yet is where the step starts from.
-    const qint64 from = IntervalText::parsed(m_number->text(), QLocale::system())
-                            .value_or(m_state.intervalMinutes());
-    m_state.setIntervalMinutes(
-        IntervalText::clamped(IntervalText::clamped(from) + direction * IntervalText::step));
-    showNumber();
+    m_number->commitIfEdited();
+    const qint64 stepped
+        = IntervalText::clamped(m_state.intervalMinutes() + direction * IntervalText::step);
+    if (stepped != m_state.intervalMinutes()) {
+        m_state.setIntervalMinutes(stepped);
+        showNumber();
+    }
 }
 
 void FrequencyControl::changeEvent(QEvent *event)

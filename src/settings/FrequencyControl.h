@@ -18,7 +18,10 @@ class NumberField final : public QLineEdit
     Q_DISABLE_COPY_MOVE(NumberField)
 
 public:
-    explicit NumberField(std::function<void(const QString &)> committed);
+    NumberField(std::function<void(const QString &)> committed, QWidget *parent);
+
+    /// Takes what was typed and not committed yet, as when the focus goes.
+    void commitIfEdited();
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -28,7 +31,6 @@ protected:
 
 private:
     void commit();
-    void commitIfEdited();
 
     std::function<void(const QString &)> m_committed;
 };

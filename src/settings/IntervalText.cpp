@@ -29,8 +29,11 @@ QString text(qint64 minutes, const QLocale &locale)
 
 std::optional<qint64> parsed(const QString &text, const QLocale &locale)
 {
-    bool isInteger = false;
     const QString trimmed = text.trimmed();
+    if (trimmed.contains(QChar::Null)) { // the toolkit would take it for the end
+        return std::nullopt;
+    }
+    bool isInteger = false;
     const qint64 local = locale.toLongLong(withTypedSpaces(trimmed, locale), &isInteger);
     if (isInteger) {
         return local;

@@ -43,7 +43,8 @@ QAccessibleInterface *makeAccessible(const QString &, QObject *object)
 }
 } // namespace
 
-PopUp::PopUp(const QString &accessibleName)
+PopUp::PopUp(const QString &accessibleName, QWidget *parent)
+    : QComboBox(parent)
 {
     QAccessible::installFactory(makeAccessible);
     setAccessibleName(accessibleName);

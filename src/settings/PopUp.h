@@ -11,5 +11,5 @@ class PopUp final : public QComboBox
     Q_DISABLE_COPY_MOVE(PopUp)
 
 public:
-    explicit PopUp(const QString &accessibleName);
+    PopUp(const QString &accessibleName, QWidget *parent);
 };

@@ -4,6 +4,7 @@
 #include "look/Accessible.h"
 #include "look/Fonts.h"
 #include "look/Labels.h"
+#include "look/OverhangItem.h"
 #include "look/Squircle.h"
 #include "look/Symbol.h"
 
@@ -61,10 +62,12 @@ SettingRow::SettingRow(const QString &icon, const Tint &tint, const QString &lab
     Accessible::setRole(*this, QAccessible::Grouping);
     setAccessibleName(label);
     setAccessibleDescription(detail);
+    control->setParent(this);
+    setContentsMargins(0, 0, control->contentsMargins().right(), 0);
     auto *const column = new QVBoxLayout;
     column->setSpacing(textsToControl);
     column->addWidget(createTexts(label, detail));
-    column->addWidget(control);
+    column->addItem(new OverhangItem(control, control->contentsMargins()));
 
     auto *const tileColumn = new QVBoxLayout;
     tileColumn->setContentsMargins(0, tileLowering, 0, 0);

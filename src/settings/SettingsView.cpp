@@ -3,6 +3,7 @@
 
 #include "look/Accessible.h"
 #include "look/ControlStyle.h"
+#include "look/OverhangItem.h"
 #include "settings/FolderControl.h"
 #include "settings/FrequencyControl.h"
 #include "settings/SettingRow.h"
@@ -54,6 +55,7 @@ SettingsView::SettingsView(AppState &state, QWidget *parent)
     , m_sound(new SoundControl(state))
 {
     setFixedWidth(width);
+    setAutoFillBackground(true);
     m_rows->setContentsMargins(viewPadding, viewPadding, viewPadding, viewPadding);
     m_rows->setSpacing(0);
     addRow(QStringLiteral("folder.fill"), Tints::blue, QStringLiteral("Folder"),
@@ -78,7 +80,8 @@ void SettingsView::addRow(const QString &icon, const Tint &tint, const QString &
     if (m_rows->count() > 0) {
         m_rows->addWidget(new Divider(this));
     }
-    m_rows->addWidget(new SettingRow(icon, tint, label, detail, control, this));
+    auto *const row = new SettingRow(icon, tint, label, detail, control, this);
+    m_rows->addItem(new OverhangItem(row, row->contentsMargins()));
 }
 
 void SettingsView::showMnemonics(bool shows)

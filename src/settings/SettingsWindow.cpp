@@ -64,7 +64,8 @@ void SettingsWindow::keyReleaseEvent(QKeyEvent *event)
 
 void SettingsWindow::updateLook()
 {
-    const Look current = look(m_state.theme(), *m_state.desktop().appearance);
-    setPalette(current.palette());
-    m_view->setLook(current);
+    // The theme is for the content; a chooser that opens over it follows the desktop.
+    const Appearance &appearance = *m_state.desktop().appearance;
+    setPalette(look(ThemePreference::system, appearance).palette());
+    m_view->setLook(look(m_state.theme(), appearance));
 }

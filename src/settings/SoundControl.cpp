@@ -7,6 +7,7 @@
 #include "look/Fonts.h"
 #include "look/Labels.h"
 #include "look/Look.h"
+#include "look/OverhangItem.h"
 #include "look/Symbol.h"
 #include "settings/PopUp.h"
 
@@ -23,11 +24,11 @@ constexpr int symbolSide = 12;
 
 SoundControl::SoundControl(AppState &state)
     : m_state(state)
-    , m_names(new PopUp(tr("Sound")))
-    , m_preview(new QPushButton(Labels::withMnemonic(tr("Preview"))))
+    , m_names(new PopUp(tr("Sound"), this))
+    , m_preview(new QPushButton(Labels::withMnemonic(tr("Preview")), this))
 {
     m_names->setFont(systemFont(FontSizes::body));
-    m_names->setFixedSize(namesWidth + 2, ControlStyle::outerHeight);
+    m_names->setFixedSize(namesWidth + 2 * ControlStyle::faceMargin, ControlStyle::outerHeight);
     m_names->setFocusPolicy(Qt::StrongFocus);
     m_names->addItems(AppState::availableSounds());
     m_names->setMaxVisibleItems(static_cast<int>(AppState::availableSounds().size()));
@@ -37,11 +38,12 @@ SoundControl::SoundControl(AppState &state)
     m_preview->setIconSize({symbolSide, symbolSide});
     connect(m_preview, &QPushButton::clicked, &state, &AppState::playSelectedSound);
 
+    setContentsMargins(ControlStyle::overhang);
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins({});
-    layout->setSpacing(spacing - 2);
-    layout->addWidget(m_names);
-    layout->addWidget(m_preview);
+    layout->setSpacing(spacing);
+    layout->addItem(new OverhangItem(m_names, ControlStyle::overhang));
+    layout->addItem(new OverhangItem(m_preview, ControlStyle::overhang));
     layout->addStretch();
     new StateObserver(state, this, [this] { refresh(); });
     refresh();

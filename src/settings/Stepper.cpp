@@ -45,8 +45,9 @@ void StepButton::paintEvent(QPaintEvent *)
         {tip, QPointF(centre.x() - halfWidth, base), QPointF(centre.x() + halfWidth, base)}));
 }
 
-Stepper::Stepper(std::function<void(int)> stepBy)
-    : m_stepBy(std::move(stepBy))
+Stepper::Stepper(std::function<void(int)> stepBy, QWidget *parent)
+    : QWidget(parent)
+    , m_stepBy(std::move(stepBy))
 {
     Accessible::setRole(*this, QAccessible::SpinBox);
     setFocusPolicy(Qt::TabFocus);

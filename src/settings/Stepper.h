@@ -33,7 +33,7 @@ class Stepper final : public QWidget
 
 public:
     /// @p stepBy gets 1 or -1 for each step.
-    explicit Stepper(std::function<void(int)> stepBy);
+    Stepper(std::function<void(int)> stepBy, QWidget *parent);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

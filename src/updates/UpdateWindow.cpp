@@ -7,6 +7,7 @@
 #include "look/Fonts.h"
 #include "look/Labels.h"
 #include "look/Look.h"
+#include "look/OverhangItem.h"
 #include "look/Screens.h"
 #include "platform/Desktop.h"
 #include "platform/Process.h"
@@ -136,10 +137,10 @@ void UpdateWindow::addButtons()
     auto *const row = new QHBoxLayout;
     row->setContentsMargins(0, spacing, 0, 0);
     row->setSpacing(buttonSpacing);
-    row->addWidget(m_detailsButton);
+    row->addItem(new OverhangItem(m_detailsButton, ControlStyle::overhang));
     row->addStretch();
-    row->addWidget(m_secondary);
-    row->addWidget(m_primary);
+    row->addItem(new OverhangItem(m_secondary, ControlStyle::overhang));
+    row->addItem(new OverhangItem(m_primary, ControlStyle::overhang));
     m_column->addLayout(row);
 
     ControlStyle::setProminent(*m_primary);

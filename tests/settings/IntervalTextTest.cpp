@@ -33,6 +33,8 @@ private slots:
         QTest::newRow("letters") << u"en_US"_s << u"often"_s << 0LL;
         QTest::newRow("fraction") << u"en_US"_s << u"2.5"_s << 0LL;
         QTest::newRow("beyond 64 bits") << u"en_US"_s << u"9223372036854775808"_s << 0LL;
+        QTest::newRow("NUL inside") << u"en_US"_s << u"12"_s + QChar(QChar::Null) + u"min"_s << 0LL;
+        QTest::newRow("NUL at the end") << u"de_DE"_s << u"12"_s + QChar(QChar::Null) << 0LL;
         QTest::newRow("empty") << u"en_US"_s << QString() << 0LL;
     }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "look/ControlStyle.h"
 #include "look/Labels.h"
 #include "settings/SettingRow.h"
 #include "settings/SettingsView.h"
@@ -12,6 +13,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -59,7 +62,7 @@ private slots:
     {
         QCOMPARE(window()->width(), 440);
         for (const SettingRow *const row : window()->findChildren<SettingRow *>()) {
-            QCOMPARE(row->width(), 392);
+            QCOMPARE(row->contentsRect().width(), 392);
         }
     }
 
@@ -105,6 +108,16 @@ private slots:
         QCOMPARE(m_desktop->timersMade, timers + 1);
     }
 
+    void folderWhoseNameIsNotUtf8_isRefused()
+    {
+        m_desktop->chosenFolder = u"/home/ann/caf\uFFFD"_s;
+        QTest::mouseClick(button(), Qt::LeftButton);
+        QTRY_COMPARE(m_desktop->alerts.size(), 1);
+        QVERIFY(m_desktop->alerts.constFirst().informativeText.contains(u"not valid UTF-8"_s));
+        QCOMPARE((*m_state)->folderPath(), QString());
+        QCOMPARE(m_desktop->writes, 0);
+    }
+
     void cancelledChooser_changesNothing()
     {
         const int writes = m_desktop->writes;
@@ -114,12 +127,35 @@ private slots:
         QCOMPARE((*m_state)->folderPath(), QString());
     }
 
-    void longPath_doesNotWidenTheWindow()
+    void longNames_doNotWidenTheWindow_andAreElided()
     {
-        (*m_state)->setFolderPath(u"/home/ann"_s + u"/a very long folder name"_s.repeated(20));
+        (*m_state)->setFolderPath(u"/home/ann/"_s + u"a very long folder name "_s.repeated(20));
         QTRY_VERIFY(path()->isVisible());
         QCOMPARE(window()->width(), 440);
-        QVERIFY(path()->geometry().right() < button()->geometry().left());
+        const auto labels = window()->findChildren<ElidedLabel *>();
+        QCOMPARE(labels.size(), 2);
+        for (const ElidedLabel *const label : labels) {
+            QVERIFY(label->isElided());
+            // 12, a space of at least 8, and 12 again.
+            QCOMPARE(faceOf(*button()).left() - placeOf(*label).right() - 1, 32);
+        }
+    }
+
+    void faces_standWhereTheLayoutCounts()
+    {
+        const QRect field = faceOf(*number());
+        const QRect stepper = faceOf(*named<QAbstractButton>(u"Increase"_s)->parentWidget());
+        QCOMPARE(field.size(), QSize(56, 22));
+        QCOMPARE(stepper.left() - field.right() - 1, 8);
+        QCOMPARE(placeOf(*label(u"minutes"_s)).left() - stepper.right() - 1, 8);
+        QCOMPARE(faceOf(*window()->findChild<QComboBox *>()).size(), QSize(160, 22));
+        for (const QRect &face : {field, faceOf(*window()->findChild<QComboBox *>())}) {
+            const SettingRow *const row = rowAt(face);
+            const QRect detail = placeOf(*label(row->accessibleDescription()));
+            QCOMPARE(face.left(), detail.left());
+            QCOMPARE(face.top() - detail.bottom() - 1, 16);
+            QCOMPARE(placeOf(*row).bottom() - face.bottom(), 14);
+        }
     }
 
     void typedNumber_isTakenOnReturn_andClamped_data()
@@ -182,6 +218,35 @@ private slots:
         QCOMPARE(press("Increase", 1440), 1440);
         QCOMPARE(press("Decrease", 3), 1);
         QCOMPARE(press("Decrease", 60), 55);
+    }
+
+    void stepper_atAnEnd_doesNothing()
+    {
+        for (const auto &[name, end] : {std::pair("Increase", 1440), std::pair("Decrease", 1)}) {
+            (*m_state)->setIntervalMinutes(end);
+            QCoreApplication::processEvents();
+            const int writes = m_desktop->writes;
+            QTest::mouseClick(named<QAbstractButton>(QLatin1String(name)), Qt::LeftButton);
+            QCOMPARE((*m_state)->intervalMinutes(), end);
+            QCOMPARE(m_desktop->writes, writes);
+        }
+    }
+
+    void stepper_takesWhatWasTypedFirst()
+    {
+        const auto typed = [this](const QString &text) {
+            number()->setFocus();
+            number()->selectAll();
+            QTest::keyClicks(number(), text);
+            QTest::mouseClick(named<QAbstractButton>(u"Increase"_s), Qt::LeftButton);
+            return (*m_state)->intervalMinutes();
+        };
+        QCOMPARE(typed(u"30"_s), 35);
+        QCOMPARE(m_desktop->writes, 2);
+        QCOMPARE(typed(u"5000"_s), 1440);
+        QCOMPARE(m_desktop->writes, 3); // taken, and then at its end
+        QCOMPARE(typed(u"often"_s), 1440);
+        QCOMPARE(number()->text(), QLocale::system().toString(1440));
     }
 
     void stepper_hasKeys()
@@ -318,7 +383,26 @@ private:
     [[nodiscard]] QLineEdit *number() const { return named<QLineEdit>(u"Prompt Frequency"_s); }
     [[nodiscard]] QWidget *window() const { return m_state->settingsWindow(); }
     [[nodiscard]] QPushButton *button() const { return window()->findChild<QPushButton *>(); }
-    [[nodiscard]] ElidedLabel *path() const { return window()->findChild<ElidedLabel *>(); }
+    [[nodiscard]] ElidedLabel *path() const
+    {
+        return window()->findChildren<ElidedLabel *>().constLast();
+    }
+    /// In the window.
+    static QRect placeOf(const QWidget &widget)
+    {
+        return {widget.mapTo(widget.window(), QPoint()), widget.size()};
+    }
+    static QRect faceOf(const QWidget &control)
+    {
+        return placeOf(control).marginsRemoved(ControlStyle::overhang);
+    }
+    [[nodiscard]] SettingRow *rowAt(const QRect &place) const
+    {
+        const auto rows = window()->findChildren<SettingRow *>();
+        const auto found = std::ranges::find_if(
+            rows, [&](const SettingRow *row) { return placeOf(*row).contains(place); });
+        return found == rows.end() ? nullptr : *found;
+    }
     [[nodiscard]] QLabel *label(const QString &text) const
     {
         for (QLabel *const each : window()->findChildren<QLabel *>()) {
