@@ -18,8 +18,6 @@ AppDelegate::AppDelegate(AppState &(*state)())
 
 void AppDelegate::applicationDidFinishLaunching()
 {
-    // The tray icon is all that there always is; windows come and go.
-    QGuiApplication::setQuitOnLastWindowClosed(false);
     m_state().start();
 }
 

@@ -5,17 +5,22 @@
 #include "menubar/MenuContent.h"
 #include "menubar/menuBarIcon.h"
 
-#include <QCoreApplication>
-#include <QCursor>
-#include <QSystemTrayIcon>
+#include <QGuiApplication>
 
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
+
+namespace
+{
+const QString settingsAction = QStringLiteral("settings");
+} // namespace
 
 TovlaApp::TovlaApp()
     : m_runningCopy(RunningCopy::ofThisPlatform())
-    , m_trayHost(TrayHost::ofThisPlatform())
 {
+    // The tray item is all that there always is; windows come and go.
+    QGuiApplication::setQuitOnLastWindowClosed(false);
     setApplicationDelegate(&m_appDelegate);
     connect(m_runningCopy.get(), &RunningCopy::isFirst, this, &TovlaApp::launch);
     connect(m_runningCopy.get(), &RunningCopy::isAnother, qApp,
@@ -24,6 +29,9 @@ TovlaApp::TovlaApp()
         std::fputs("tovla: another copy is running but does not answer\n", stderr);
         QCoreApplication::exit(EXIT_FAILURE);
     });
+    connect(m_runningCopy.get(), &RunningCopy::activated, this,
+            [this] { request(settingsAction); });
+    connect(m_runningCopy.get(), &RunningCopy::actionRequested, this, &TovlaApp::request);
     m_runningCopy->claim();
 }
 
@@ -31,50 +39,34 @@ TovlaApp::~TovlaApp() = default;
 
 void TovlaApp::launch()
 {
-    connect(m_runningCopy.get(), &RunningCopy::activated, this,
-            [] { AppState::shared().showSettings(); });
-    connect(m_runningCopy.get(), &RunningCopy::actionRequested, this, &TovlaApp::perform);
-    connect(m_trayHost.get(), &TrayHost::found, this, &TovlaApp::showTrayItem);
-    connect(m_trayHost.get(), &TrayHost::settled, &m_appDelegate,
-            &AppDelegate::applicationDidFinishLaunching);
-    m_trayHost->find();
+    m_menu = std::make_unique<MenuContent>(AppState::shared());
+    m_tray = Tray::ofThisPlatform();
+    m_tray->show({.id = QStringLiteral("tovla"),
+                  .title = QStringLiteral("Tovla"),
+                  .icon = MenuBarIcon::icon,
+                  .menu = m_menu.get()});
+    m_appDelegate.applicationDidFinishLaunching();
+    m_hasLaunched = true;
+    const QStringList waiting = std::exchange(m_waiting, {});
+    for (const QString &action : waiting) {
+        perform(action);
+    }
 }
 
-void TovlaApp::showTrayItem()
+void TovlaApp::request(const QString &action)
 {
-    m_trayItem = std::make_unique<QSystemTrayIcon>(MenuBarIcon::icon(m_trayHost->foreground()));
-    connect(m_trayHost.get(), &TrayHost::foregroundChanged, m_trayItem.get(),
-            [this] { m_trayItem->setIcon(MenuBarIcon::icon(m_trayHost->foreground())); });
-    connect(m_trayItem.get(), &QSystemTrayIcon::activated, this,
-            [this](QSystemTrayIcon::ActivationReason reason) {
-                if (reason != QSystemTrayIcon::Context) {
-                    popUpMenu();
-                }
-            });
-    if (m_trayHost->drawsMenus()) {
-        m_exportedMenu
-            = std::make_unique<MenuContent>(AppState::shared(), MenuContent::Shown::ByTheDesktop);
-        m_trayItem->setContextMenu(m_exportedMenu.get());
+    if (m_hasLaunched) {
+        perform(action);
     } else {
-        m_drawnMenu = std::make_unique<MenuContent>(AppState::shared(), MenuContent::Shown::ByUs);
-        m_trayItem->setContextMenu(m_drawnMenu.get());
+        m_waiting.append(action);
     }
-    m_trayItem->show();
-}
-
-void TovlaApp::popUpMenu()
-{
-    if (!m_drawnMenu) {
-        m_drawnMenu = std::make_unique<MenuContent>(AppState::shared(), MenuContent::Shown::ByUs);
-    }
-    m_drawnMenu->popup(QCursor::pos());
 }
 
 void TovlaApp::perform(const QString &action)
 {
     if (action == u"write-now") {
         AppState::shared().showPrompt();
-    } else if (action == u"settings") {
+    } else if (action == settingsAction) {
         AppState::shared().showSettings();
     } else if (action == u"check-for-updates") {
         m_appDelegate.updaterController().checkForUpdates();

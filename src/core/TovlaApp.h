@@ -3,14 +3,13 @@
 
 #include "core/AppDelegate.h"
 #include "platform/RunningCopy.h"
-#include "platform/TrayHost.h"
+#include "platform/Tray.h"
 
 #include <QObject>
 
 #include <memory>
 
 class MenuContent;
-class QSystemTrayIcon;
 
 /// The application: its delegate and the tray item with its menu, put together in the order in
 /// which a user sees them. Lives as long as the application object.
@@ -25,15 +24,15 @@ public:
 
 private:
     void launch();
-    void showTrayItem();
-    void popUpMenu();
+    void request(const QString &action);
     void perform(const QString &action);
 
     AppDelegate m_appDelegate;
     std::unique_ptr<RunningCopy> m_runningCopy;
-    std::unique_ptr<TrayHost> m_trayHost;
-    // The item does not own its menus and must go before them.
-    std::unique_ptr<MenuContent> m_exportedMenu;
-    std::unique_ptr<MenuContent> m_drawnMenu;
-    std::unique_ptr<QSystemTrayIcon> m_trayItem;
+    // The tray shows the menu and must go before it.
+    std::unique_ptr<MenuContent> m_menu;
+    std::unique_ptr<Tray> m_tray;
+    bool m_hasLaunched = false;
+    /// Asked for by others while the program was still starting.
+    QStringList m_waiting;
 };

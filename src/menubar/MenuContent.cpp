@@ -4,7 +4,6 @@
 #include "core/AppDelegate.h"
 #include "core/AppState.h"
 #include "core/StateObserver.h"
-#include "menubar/MenuText.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -17,11 +16,18 @@ void checkForUpdates()
         delegate->updaterController().checkForUpdates();
     }
 }
+
+/// Super stands for Control, for keyboards that have a ⌘ key there.
+Qt::KeyboardModifiers withCommandKey(Qt::KeyboardModifiers modifiers)
+{
+    return modifiers.testFlag(Qt::MetaModifier)
+        ? (modifiers & ~Qt::MetaModifier) | Qt::ControlModifier
+        : modifiers;
+}
 } // namespace
 
-MenuContent::MenuContent(AppState &state, Shown shown)
+MenuContent::MenuContent(AppState &state)
     : m_state(state)
-    , m_shown(shown)
     , m_status(addAction(QString()))
 {
     m_status->setEnabled(false);
@@ -40,7 +46,7 @@ MenuContent::MenuContent(AppState &state, Shown shown)
 void MenuContent::keyPressEvent(QKeyEvent *event)
 {
     // The toolkit runs no shortcuts while a menu is open.
-    const QKeySequence pressed(event->keyCombination());
+    const QKeySequence pressed(withCommandKey(event->modifiers()) | event->key());
     for (QAction *const action : actions()) {
         if (action->isEnabled() && action->shortcut() == pressed && !pressed.isEmpty()) {
             close();
@@ -53,8 +59,8 @@ void MenuContent::keyPressEvent(QKeyEvent *event)
 
 void MenuContent::refresh()
 {
-    const QString text = statusText();
-    m_status->setText(m_shown == Shown::ByUs ? MenuText::drawn(text) : MenuText::exported(text));
+    // Every character is shown, none taken for the mark of a mnemonic.
+    m_status->setText(statusText().replace(u'&', QStringLiteral("&&")));
 }
 
 QString MenuContent::statusText() const

@@ -13,10 +13,8 @@ class MenuContent final : public QMenu
     Q_DISABLE_COPY_MOVE(MenuContent)
 
 public:
-    enum class Shown { ByUs, ByTheDesktop };
-
     /// @p state must outlive the menu.
-    MenuContent(AppState &state, Shown shown);
+    explicit MenuContent(AppState &state);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -26,6 +24,5 @@ private:
     [[nodiscard]] QString statusText() const;
 
     AppState &m_state;
-    Shown m_shown;
     QAction *m_status;
 };

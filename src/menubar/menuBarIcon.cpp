@@ -4,6 +4,7 @@
 #include <QIconEngine>
 #include <QPainter>
 
+#include <algorithm>
 #include <array>
 
 namespace MenuBarIcon
@@ -30,7 +31,12 @@ public:
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode, QIcon::State) override
     {
-        draw(*painter, rect, m_color);
+        painter->save();
+        painter->translate(QRectF(rect).center());
+        const qreal scale = std::min(rect.width(), rect.height()) / size;
+        painter->scale(scale, scale);
+        draw(*painter, QRectF(-size / 2, -size / 2, size, size), m_color);
+        painter->restore();
     }
 
     QPixmap pixmap(const QSize &pixelSize, QIcon::Mode mode, QIcon::State state) override
@@ -95,7 +101,8 @@ QByteArray svg()
     }
     return QStringLiteral(
                R"(<svg xmlns="http://www.w3.org/2000/svg" width="%1" height="%1" viewBox="0 0 %1 %1">
-<path fill-rule="evenodd" d="%2"/>
+<style type="text/css" id="current-color-scheme">.ColorScheme-Text { color: #232629; }</style>
+<path class="ColorScheme-Text" fill="currentColor" fill-rule="evenodd" d="%2"/>
 </svg>
 )")
         .arg(size)

@@ -43,10 +43,10 @@ class DesktopCase(unittest.TestCase):
         self.item = self.tovla.wait_for_tray_item()
         return self.tovla
 
-    def open_menu(self):
+    def open_menu(self, x=0, y=0):
         """Opens the menu that Tovla draws itself; popups are not in the accessibility tree."""
         before = len(visible_titles())
-        self.item.activate()
+        self.item.left_click(x, y)
         wait_for(lambda: len(visible_titles()) > before, "the menu")
 
     def open_prompt(self):

@@ -1,12 +1,16 @@
 # SPDX-License-Identifier: MIT
 """The tray item, its menu, and what else starts and stops the program."""
+import os
 import signal
 import subprocess
 import unittest
 
-import accessibility
-from case import (DesktopCase, active_window_title, press_keys, type_text, visible_titles)
-from desktop import wait_for
+import dbus
+
+from case import (DesktopCase, active_window_title, geometry, press_keys, type_text,
+                  visible_titles)
+from desktop import search_windows, wait_for
+from tray_host import TrayHost
 
 
 class TrayTest(DesktopCase):
@@ -19,14 +23,55 @@ class TrayTest(DesktopCase):
         self.assertFalse(entries[0]["enabled"])
         self.assertTrue(all(entry.get("enabled", True) for entry in entries[1:]))
         keys = [[list(map(str, key)) for key in entry.get("shortcut", [])] for entry in entries]
-        self.assertEqual(keys, [[], [], [["Control", "J"]], [["Control", ","]], [], [], [],
+        self.assertEqual(keys, [[], [], [["Control", "J"]], [["Control", "comma"]], [], [], [],
                                 [["Control", "Q"]]])
 
-    def test_icon_has_the_installed_name_and_pictures(self):
+    def test_item_is_called_tovla(self):
         self.start()
+        self.assertEqual(self.item.property("Id"), "tovla")
+        self.assertEqual(self.item.property("Title"), "Tovla")
+        self.assertEqual(self.item.property("ToolTip")[2], "Tovla")
+        self.assertEqual(self.item.property("Status"), "Active")
+        self.assertFalse(self.item.property("ItemIsMenu"))
+
+    def test_icon_fills_each_of_its_pictures(self):
+        self.start()
+        sides = []
+        for width, height, pixels in self.item.property("IconPixmap"):
+            self.assertEqual(width, height)
+            self.assertEqual(len(pixels), 4 * width * height)
+            rows = [y for y in range(height)
+                    if any(pixels[4 * (y * width + x)] > 64 for x in range(width))]
+            # Of 18 points the outer ring takes 16.2.
+            self.assertAlmostEqual(len(rows) / height, 0.9, delta=1.5 / height)
+            sides.append(int(width))
+        self.assertEqual(sides, [16, 18, 22, 24, 32, 48, 64])
+
+    def test_icon_has_a_name_only_where_a_host_finds_the_file(self):
+        self.start()
+        self.assertEqual(self.item.property("IconName"), "")
+        self.desktop.stop_tovlas()
+        icons = self.desktop.home / "data" / "icons" / "hicolor" / "symbolic" / "apps"
+        icons.mkdir(parents=True)
+        (icons / "org.tovla.Tovla-symbolic.svg").write_text("<svg/>")
+        self.tovla = self.desktop.start_tovla(XDG_DATA_DIRS=str(self.desktop.home / "data"))
+        self.item = self.tovla.wait_for_tray_item()
         self.assertEqual(self.item.property("IconName"), "org.tovla.Tovla-symbolic")
-        self.assertTrue(self.item.property("IconPixmap"))
-        self.assertEqual(self.item.property("Title"), "tovla")
+        self.assertEqual(self.item.property("IconThemePath"), "")
+
+    def test_label_follows_the_settings_while_the_menu_is_shown(self):
+        self.start()
+        self.item.labels()
+        self.open_settings_from_menu()
+        press_keys("Tab", "ctrl+a")
+        type_text("25")
+        press_keys("Return")
+        wait_for(lambda: any(item["label"] == "Every 25 min → Journal"
+                             for _, item in self.item.updates), "the new label")
+
+    def open_settings_from_menu(self):
+        self.item.click("Settings…")
+        wait_for(lambda: active_window_title() == "Tovla Settings", "the settings to be active")
 
     def test_folder_with_marks_is_shown_whole(self):
         self.start(folderPath="/home/ann/my_journal & co/")
@@ -52,6 +97,39 @@ class TrayTest(DesktopCase):
         press_keys("ctrl+q")
         self.assertEqual(self.tovla.wait_for_end(), 0)
 
+    def test_left_click_opens_the_menu_at_its_place(self):
+        self.start()
+        before = visible_titles()
+        self.open_menu(700, 300)
+        menu = [window for window in search_windows("--onlyvisible", "--class", "^tovla$")
+                if geometry(window)[2] > 100]
+        self.assertEqual((len(menu), len(before)), (1, 0))
+        self.assertEqual(geometry(menu[0])[:2], (700, 300))
+        press_keys("super+j")
+        wait_for(self.prompt_titles, "the prompt by the key that is Command elsewhere")
+
+    def test_item_is_a_menu_where_no_place_can_be_told(self):
+        self.desktop.write_preferences(folderPath=self.desktop.journal())
+        self.tovla = self.desktop.start_tovla(XDG_SESSION_TYPE="wayland")
+        self.assertTrue(self.tovla.wait_for_tray_item().property("ItemIsMenu"))
+
+    def test_watcher_that_hangs_holds_nothing_up(self):
+        self.desktop.tray.answers = False
+        try:
+            self.tovla = self.desktop.start_tovla()
+            wait_for(lambda: "Tovla Settings" in visible_titles(), "the settings")
+            self.tovla.act_when_ready("write-now")
+            wait_for(self.prompt_titles, "the prompt")
+            self.assertTrue(self.desktop.tray.unanswered)
+            self.assertIsNone(self.desktop.tray.item_of(self.tovla.process.pid))
+        finally:
+            self.desktop.tray.answers = True
+        for answer in self.desktop.tray.unanswered:
+            answer(True)
+        self.desktop.tray.unanswered.clear()
+        self.tovla.wait_for_tray_item().click("Quit")
+        self.assertEqual(self.tovla.wait_for_end(), 0)
+
     def test_settings_come_to_the_front_again(self):
         self.start()
         self.item.click("Settings…")
@@ -72,6 +150,18 @@ class TrayTest(DesktopCase):
         self.item = self.tovla.wait_for_tray_item()
         self.item.click("Write now")
         wait_for(self.prompt_titles, "the prompt")
+
+    def test_panel_that_is_replaced_in_one_step_gets_the_icon(self):
+        self.start()
+        other = TrayHost(address=os.environ["DBUS_SESSION_BUS_ADDRESS"], replaces=True)
+        try:
+            item = wait_for(lambda: other.item_of(self.tovla.process.pid), "the tray item")
+            item.click("Write now")
+            wait_for(self.prompt_titles, "the prompt")
+        finally:
+            other.vanish()
+            self.desktop.tray.vanish()
+            self.desktop.tray.appear()
 
     def test_panel_that_starts_late_gets_the_icon(self):
         self.desktop.tray.vanish()
@@ -122,6 +212,28 @@ class TrayTest(DesktopCase):
         self.tovla.act("no-such-action")
         self.tovla.act("quit")
         self.assertEqual(self.tovla.wait_for_end(), 0)
+
+    def test_action_that_comes_with_the_start_is_carried_out(self):
+        self.desktop.write_preferences(folderPath=self.desktop.journal())
+        bus = dbus.SessionBus()
+        asked = []
+
+        def ask(owner):
+            if owner:
+                asked.append(owner)
+                bus.call_async(owner, "/org/tovla/Tovla", "org.freedesktop.Application",
+                               "ActivateAction", "sava{sv}", ("write-now", [], {}), None, None)
+
+        watch = bus.watch_name_owner("org.tovla.Tovla", ask)
+        try:
+            for start in range(1, 11):
+                tovla = self.desktop.start_tovla()
+                wait_for(lambda: len(asked) == start, "the name on the bus")
+                wait_for(self.prompt_titles, f"the prompt of start {start}")
+                tovla.act("quit")
+                tovla.wait_for_end()
+        finally:
+            watch.cancel()
 
     def test_launch_by_the_bus_opens_nothing_when_a_folder_is_chosen(self):
         self.desktop.write_preferences(folderPath=self.desktop.journal())

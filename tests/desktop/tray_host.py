@@ -1,5 +1,11 @@
 # SPDX-License-Identifier: MIT
-"""A StatusNotifier watcher and host, as a desktop's panel is one, that a test can look into."""
+"""A StatusNotifier watcher and host, as a desktop's panel is one, that a test can look into.
+
+As strict as panels are: it takes an item only from the program that offers it, once, reads only the
+properties that introspection lists, and shows no menu that lacks what the interface demands.
+"""
+import xml.etree.ElementTree as ElementTree
+
 import dbus
 import dbus.service
 from dbus.mainloop.glib import DBusGMainLoop
@@ -27,17 +33,20 @@ INTROSPECTION = f"""<node><interface name="{SERVICE}">
 
 
 class TrayHost(dbus.service.Object):
-    def __init__(self, has_host=True, address=None):
-        """On the session bus, or on the one of that address."""
+    def __init__(self, has_host=True, address=None, replaces=False):
+        """On the session bus, or on the one of that address; may take the name over."""
         loop = DBusGMainLoop()
         self.bus = (dbus.bus.BusConnection(address, mainloop=loop) if address
                     else dbus.SessionBus(mainloop=loop))
         self.has_host = has_host
+        self.answers = True
+        self.unanswered = []
         self.items = []
-        self.appear()
+        self.appear(replaces)
 
-    def appear(self):
-        self.name = dbus.service.BusName(SERVICE, self.bus, do_not_queue=True)
+    def appear(self, replaces=False):
+        self.name = dbus.service.BusName(SERVICE, self.bus, do_not_queue=True,
+                                         allow_replacement=True, replace_existing=replaces)
         super().__init__(self.bus, PATH)
 
     def vanish(self):
@@ -49,8 +58,11 @@ class TrayHost(dbus.service.Object):
 
     @dbus.service.method(SERVICE, in_signature="s", sender_keyword="sender")
     def RegisterStatusNotifierItem(self, service, sender=None):
-        self.items.append(sender)
-        self.StatusNotifierItemRegistered(service)
+        if service != sender:
+            raise dbus.DBusException(f"{sender} offers the item of {service}")
+        if sender not in self.items:
+            self.items.append(sender)
+            self.StatusNotifierItemRegistered(service)
 
     @dbus.service.method(SERVICE, in_signature="s")
     def RegisterStatusNotifierHost(self, _service):
@@ -65,9 +77,14 @@ class TrayHost(dbus.service.Object):
     def StatusNotifierHostRegistered(self):
         pass
 
-    @dbus.service.method("org.freedesktop.DBus.Properties", in_signature="ss", out_signature="v")
-    def Get(self, _interface, name):
-        return self.GetAll(_interface)[name]
+    @dbus.service.method("org.freedesktop.DBus.Properties", in_signature="ss", out_signature="v",
+                         async_callbacks=("answer", "refuse"))
+    def Get(self, _interface, name, answer, refuse):
+        del refuse
+        if self.answers:
+            answer(self.GetAll(_interface)[name])
+        else:
+            self.unanswered.append(answer)
 
     @dbus.service.method("org.freedesktop.DBus.Properties", in_signature="s",
                          out_signature="a{sv}")
@@ -96,18 +113,32 @@ class TrayItem:
 
     def __init__(self, bus, name):
         self.name = name
+        self.bus = bus
         self.item = bus.get_object(name, ITEM_PATH)
-        self.menu = dbus.Interface(bus.get_object(name, MENU_PATH), MENU_INTERFACE)
+        assert self.property("Menu") == MENU_PATH
+        menu = bus.get_object(name, MENU_PATH)
+        assert properties_of(menu, MENU_INTERFACE).keys() >= {"Version", "TextDirection", "Status"}
+        assert members_of(menu, MENU_INTERFACE) >= {
+            "GetLayout", "GetGroupProperties", "GetProperty", "Event", "EventGroup", "AboutToShow",
+            "AboutToShowGroup", "ItemsPropertiesUpdated", "LayoutUpdated"}
+        assert members_of(self.item, ITEM_INTERFACE) >= {
+            "Activate", "ContextMenu", "SecondaryActivate", "Scroll", "ProvideXdgActivationToken",
+            "NewTitle", "NewIcon", "NewToolTip", "NewStatus"}
+        self.menu = dbus.Interface(menu, MENU_INTERFACE)
+        self.updates = []
+        self.menu.connect_to_signal("ItemsPropertiesUpdated",
+                                    lambda updated, _removed: self.updates.extend(updated))
 
     def property(self, name):
-        return self.item.Get(ITEM_INTERFACE, name,
-                             dbus_interface="org.freedesktop.DBus.Properties")
+        return properties_of(self.item, ITEM_INTERFACE)[name]
 
-    def activate(self):
-        """A left click."""
-        self.item.Activate(0, 0, dbus_interface=ITEM_INTERFACE)
+    def left_click(self, x=0, y=0):
+        """What it does when the item is more than a menu; waits for nothing."""
+        self.item.Activate(x, y, dbus_interface=ITEM_INTERFACE, reply_handler=lambda: None,
+                           error_handler=lambda _error: None)
 
     def entries(self):
+        self.menu.AboutToShow(0)
         _revision, (_root, _properties, children) = self.menu.GetLayout(0, -1, [])
         return [(int(number), dict(properties)) for number, properties, _ in children]
 
@@ -123,6 +154,21 @@ class TrayItem:
                     self.menu.Event(number, "clicked", dbus.String("", variant_level=1), 0)
                 return
         raise AssertionError(f"no menu item {label!r} in {self.labels()}")
+
+
+def members_of(remote, interface, kind="*"):
+    description = ElementTree.fromstring(
+        remote.Introspect(dbus_interface="org.freedesktop.DBus.Introspectable"))
+    return {each.get("name")
+            for each in description.findall(f"./interface[@name='{interface}']/{kind}")}
+
+
+def properties_of(remote, interface):
+    """Those that introspection lists; the program must have every one of them."""
+    listed = members_of(remote, interface, "property")
+    values = remote.GetAll(interface, dbus_interface="org.freedesktop.DBus.Properties")
+    assert listed == values.keys(), (listed, values.keys())
+    return values
 
 
 def shown(label):

@@ -80,11 +80,21 @@ private slots:
         QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
     }
 
+    void icon_fillsItsPictures()
+    {
+        const QImage large = MenuBarIcon::icon(Qt::black).pixmap(QSize(180, 180), 1.0).toImage();
+        QCOMPARE(edgesToTheRight(large),
+                 edgesToTheRight(drawn(QSize(18, 18), QRectF(0, 0, 18, 18), 10)));
+    }
+
     void svg_showsTheSamePicture()
     {
         QByteArray bytes = MenuBarIcon::svg();
         QVERIFY(bytes.contains("viewBox=\"0 0 18 18\""));
         QVERIFY(!bytes.contains("stroke"));
+        // What KDE's panels look for.
+        QVERIFY(bytes.contains("id=\"current-color-scheme\""));
+        QVERIFY(bytes.contains("class=\"ColorScheme-Text\" fill=\"currentColor\""));
         QBuffer buffer(&bytes);
         QImageReader reader(&buffer, "svg");
         reader.setScaledSize(QSize(180, 180));

@@ -2,7 +2,6 @@
 #include "menubar/MenuContent.h"
 
 #include "core/AppDelegate.h"
-#include "menubar/MenuText.h"
 #include "support/AppStateForTests.h"
 
 #include <QTest>
@@ -23,7 +22,7 @@ private slots:
     {
         TestDesktop desktop;
         AppStateForTests state(desktop);
-        const MenuContent menu(*state, MenuContent::Shown::ByUs);
+        const MenuContent menu(*state);
         QStringList items;
         for (const QAction *const action : menu.actions()) {
             items.append(action->isSeparator() ? u"-"_s
@@ -41,7 +40,7 @@ private slots:
     {
         TestDesktop desktop;
         AppStateForTests state(desktop);
-        const MenuContent menu(*state, MenuContent::Shown::ByUs);
+        const MenuContent menu(*state);
         state->setFolderPath(u"/Users/ann/Notes/Journal"_s);
         state->setIntervalMinutes(25);
         QTRY_COMPARE(menu.actions().constFirst()->text(), u"Every 25 min → Journal"_s);
@@ -54,24 +53,15 @@ private slots:
         TestDesktop desktop;
         AppStateForTests state(desktop);
         state->setFolderPath(u"/home/ann/my_journal & co/"_s);
-        const MenuContent ours(*state, MenuContent::Shown::ByUs);
-        QCOMPARE(ours.actions().constFirst()->text(), u"Every 60 min → my_journal && co"_s);
-        const MenuContent theirs(*state, MenuContent::Shown::ByTheDesktop);
-        QCOMPARE(theirs.actions().constFirst()->text(), u"Every 60 min → my__journal && co"_s);
-    }
-
-    void exportedText_doublesTheFirstMarkOnly()
-    {
-        QCOMPARE(MenuText::exported(u"a & b & c"_s), u"a && b & c"_s);
-        QCOMPARE(MenuText::drawn(u"a & b & c"_s), u"a && b && c"_s);
-        QCOMPARE(MenuText::exported(u"plain"_s), u"plain"_s);
+        const MenuContent menu(*state);
+        QCOMPARE(menu.actions().constFirst()->text(), u"Every 60 min → my_journal && co"_s);
     }
 
     void keyEquivalents_workWhileTheMenuIsOpen()
     {
         TestDesktop desktop;
         AppStateForTests state(desktop);
-        MenuContent menu(*state, MenuContent::Shown::ByUs);
+        MenuContent menu(*state);
         menu.popup(QPoint(0, 0));
         QTest::keyClick(&menu, Qt::Key_J, Qt::ControlModifier);
         QVERIFY(state.promptWindow() && state.promptWindow()->isVisible());
@@ -80,13 +70,17 @@ private slots:
         QTest::keyClick(&menu, Qt::Key_Comma, Qt::ControlModifier);
         QVERIFY(state.settingsWindow() && state.settingsWindow()->isVisible());
         QVERIFY(!menu.isVisible());
+        state.settingsWindow()->hide();
+        menu.popup(QPoint(0, 0));
+        QTest::keyClick(&menu, Qt::Key_Comma, Qt::MetaModifier);
+        QVERIFY(state.settingsWindow()->isVisible());
     }
 
     void writeNow_worksWithoutAFolder()
     {
         TestDesktop desktop;
         AppStateForTests state(desktop);
-        const MenuContent menu(*state, MenuContent::Shown::ByUs);
+        const MenuContent menu(*state);
         menu.actions().at(2)->trigger();
         QVERIFY(state.promptWindow()->isVisible());
     }
@@ -95,7 +89,7 @@ private slots:
     {
         TestDesktop desktop;
         AppStateForTests state(desktop);
-        const MenuContent menu(*state, MenuContent::Shown::ByUs);
+        const MenuContent menu(*state);
         QAction *const check = menu.actions().at(5);
         shared = &*state;
         AppDelegate delegate([]() -> AppState & { return *shared; });

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/linux/tray/BusMenuTypes.h"
+
+#include <QObject>
+
+class QMenu;
+
+/// A menu without submenus as it stands on the bus, for a desktop that draws it itself. What
+/// changes in the menu is told at once.
+class BusMenu final : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(BusMenu)
+    Q_CLASSINFO("D-Bus Interface", "com.canonical.dbusmenu")
+    Q_PROPERTY(uint Version READ version CONSTANT)
+    Q_PROPERTY(QString TextDirection READ textDirection CONSTANT)
+    Q_PROPERTY(QString Status READ status CONSTANT)
+    Q_PROPERTY(QStringList IconThemePath READ iconThemePath CONSTANT)
+
+public:
+    static QString path();
+
+    /// The items of @p menu, which must outlive this, stay the ones that they are now.
+    BusMenu(QMenu &menu, QObject *parent);
+
+    [[nodiscard]] uint version() const { return 3; }
+    [[nodiscard]] QString textDirection() const;
+    [[nodiscard]] QString status() const { return QStringLiteral("normal"); }
+    [[nodiscard]] QStringList iconThemePath() const { return {}; }
+
+public slots: // NOLINT(readability-redundant-access-specifiers): what is exported to the bus
+    Q_SCRIPTABLE uint GetLayout(int parentId, int recursionDepth, const QStringList &propertyNames,
+                                BusMenuLayout &layout) const;
+    Q_SCRIPTABLE QList<BusMenuItem> GetGroupProperties(const QList<int> &ids,
+                                                       const QStringList &propertyNames) const;
+    Q_SCRIPTABLE QDBusVariant GetProperty(int id, const QString &name) const;
+    Q_SCRIPTABLE void Event(int id, const QString &eventId, const QDBusVariant &data,
+                            uint timestamp);
+    Q_SCRIPTABLE QList<int> EventGroup(const QList<BusMenuEvent> &events);
+    Q_SCRIPTABLE bool AboutToShow(int id);
+    Q_SCRIPTABLE QList<int> AboutToShowGroup(const QList<int> &ids, QList<int> &idErrors);
+
+signals:
+    Q_SCRIPTABLE void ItemsPropertiesUpdated(const QList<BusMenuItem> &updated,
+                                             const QList<BusMenuItemKeys> &removed);
+    Q_SCRIPTABLE void LayoutUpdated(uint revision, int parent);
+    Q_SCRIPTABLE void ItemActivationRequested(int id, uint timestamp);
+
+private:
+    /// Null for an id that no item has.
+    [[nodiscard]] QAction *action(int id) const;
+    [[nodiscard]] QVariantMap properties(int id, const QStringList &names) const;
+
+    QMenu &m_menu;
+};

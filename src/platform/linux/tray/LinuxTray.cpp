@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/tray/LinuxTray.h"
+
+#include "platform/linux/SelectionOwner.h"
+#include "platform/linux/tray/BusMenu.h"
+#include "platform/linux/tray/ScreenPlace.h"
+#include "platform/linux/tray/StatusNotifierItem.h"
+#include "platform/linux/tray/StatusNotifierWatcher.h"
+
+#include <QCursor>
+#include <QDBusConnection>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QPalette>
+#include <QSystemTrayIcon>
+#include <QTimer>
+
+#include <chrono>
+
+namespace
+{
+using namespace std::chrono_literals;
+
+// While a session starts, its panel may come a little after us.
+constexpr auto graceForHosts = 5s;
+
+/// There no program can know the place of a click, nor open a menu at it.
+bool isWaylandSession()
+{
+    return qEnvironmentVariable("XDG_SESSION_TYPE") == u"wayland"
+        || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
+/// In which a picture is seen well on the panel, as far as that can be told.
+QColor foreground()
+{
+    // GNOME's top bar is dark in both of its looks.
+    const bool isGnome = qEnvironmentVariable("XDG_CURRENT_DESKTOP")
+                             .split(u':')
+                             .contains(QStringLiteral("GNOME"), Qt::CaseInsensitive);
+    constexpr int middleLightness = 128;
+    const bool isDark
+        = isGnome || qGuiApp->palette().window().color().lightness() < middleLightness;
+    return isDark ? Qt::white : Qt::black;
+}
+} // namespace
+
+std::unique_ptr<Tray> Tray::ofThisPlatform()
+{
+    return std::make_unique<LinuxTray>();
+}
+
+LinuxTray::LinuxTray() = default;
+LinuxTray::~LinuxTray() = default;
+
+void LinuxTray::show(const Item &item)
+{
+    m_item = item;
+    qGuiApp->installEventFilter(this);
+    if (QDBusConnection::sessionBus().isConnected()) {
+        exportItem();
+    }
+    waitForOldTray();
+}
+
+void LinuxTray::exportItem()
+{
+    registerStatusNotifierTypes();
+    registerBusMenuTypes();
+    m_notifierItem = new StatusNotifierItem(m_item.id, m_item.title, isWaylandSession(), this);
+    connect(m_notifierItem, &StatusNotifierItem::menuWanted, this, &LinuxTray::popUpMenu);
+    updateIcon();
+    auto bus = QDBusConnection::sessionBus();
+    bus.registerObject(StatusNotifierItem::path(), m_notifierItem,
+                       QDBusConnection::ExportScriptableContents);
+    bus.registerObject(BusMenu::path(), new BusMenu(*m_item.menu, this),
+                       QDBusConnection::ExportScriptableContents);
+    m_watcher = new StatusNotifierWatcher(bus, this);
+    connect(m_watcher, &StatusNotifierWatcher::hostsChanged, this, [this] {
+        if (m_watcher->hosts() == StatusNotifierWatcher::Hosts::Some) {
+            m_oldIcon.reset();
+        } else {
+            waitForOldTray();
+        }
+    });
+}
+
+void LinuxTray::waitForOldTray()
+{
+    QTimer::singleShot(graceForHosts, this, &LinuxTray::considerOldTray);
+}
+
+void LinuxTray::considerOldTray()
+{
+    // The toolkit would itself ask a watcher that is there, and wait for the answer.
+    if (m_watcher && m_watcher->hosts() != StatusNotifierWatcher::Hosts::None) {
+        return;
+    }
+    if (!m_oldTray) {
+        m_oldTray = new SelectionOwner("_NET_SYSTEM_TRAY_S", this);
+        connect(m_oldTray, &SelectionOwner::changed, this, &LinuxTray::considerOldTray);
+    }
+    if (m_oldTray->exists() && !m_oldIcon) {
+        showInOldTray();
+    }
+}
+
+void LinuxTray::showInOldTray()
+{
+    m_oldIcon = std::make_unique<QSystemTrayIcon>(m_item.icon(foreground()));
+    m_oldIcon->setToolTip(m_item.title);
+    m_oldIcon->setContextMenu(m_item.menu);
+    connect(m_oldIcon.get(), &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason != QSystemTrayIcon::Context) {
+                    m_item.menu->popup(QCursor::pos());
+                }
+            });
+    m_oldIcon->show();
+}
+
+bool LinuxTray::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange) {
+        updateIcon();
+    }
+    return false;
+}
+
+void LinuxTray::updateIcon()
+{
+    const QIcon icon = m_item.icon(foreground());
+    if (m_notifierItem) {
+        m_notifierItem->setIcon(icon);
+    }
+    if (m_oldIcon) {
+        m_oldIcon->setIcon(icon);
+    }
+}
+
+void LinuxTray::popUpMenu(const QPoint &nativePlace)
+{
+    m_item.menu->popup(logicalPlace(nativePlace).value_or(QCursor::pos()));
+}

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/tray/StatusNotifierWatcher.h"
+
+#include "platform/linux/Bus.h"
+
+#include <QDBusError>
+#include <QDBusServiceWatcher>
+#include <QDBusVariant>
+
+namespace
+{
+const QString service = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString path = QStringLiteral("/StatusNotifierWatcher");
+} // namespace
+
+StatusNotifierWatcher::StatusNotifierWatcher(const QDBusConnection &bus, QObject *parent)
+    : QObject(parent)
+    , m_bus(bus)
+{
+    const auto *owners
+        = new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+    connect(owners, &QDBusServiceWatcher::serviceOwnerChanged, this, &StatusNotifierWatcher::ask);
+    // Without a member every signal of the watcher comes, for the price of one match rule.
+    m_bus.connect(service, path, service, QString(), this, SLOT(watcherSignalled(QDBusMessage)));
+    ask();
+}
+
+void StatusNotifierWatcher::watcherSignalled(const QDBusMessage &message)
+{
+    const bool isOfHosts = message.member() == u"StatusNotifierHostRegistered"
+        || message.member() == u"StatusNotifierHostUnregistered";
+    if (isOfHosts) {
+        ask();
+    }
+}
+
+void StatusNotifierWatcher::ask()
+{
+    auto question = QDBusMessage::createMethodCall(
+        service, path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    question << service << QStringLiteral("IsStatusNotifierHostRegistered");
+    const int number = ++m_question;
+    Bus::ask(m_bus, question, this, [this, number](const QDBusMessage &reply) {
+        if (number == m_question) {
+            take(reply);
+        }
+    });
+}
+
+void StatusNotifierWatcher::take(const QDBusMessage &reply)
+{
+    if (reply.type() == QDBusMessage::ReplyMessage) {
+        const bool hasHost = reply.arguments().value(0).value<QDBusVariant>().variant().toBool();
+        setHosts(hasHost ? Hosts::Some : Hosts::None);
+    } else {
+        // One that does not answer may do so to others, or later.
+        const auto error = QDBusError(reply).type();
+        setHosts(error == QDBusError::NoReply || error == QDBusError::Timeout ? Hosts::Unknown
+                                                                              : Hosts::None);
+    }
+}
+
+void StatusNotifierWatcher::setHosts(Hosts hosts)
+{
+    if (hosts == Hosts::Some) {
+        // Each time: a watcher that is new does not know the item yet, and a host that started at
+        // the same moment may have missed it. Watchers take the second time for the first.
+        registerItem();
+    }
+    if (hosts != m_hosts) {
+        m_hosts = hosts;
+        emit hostsChanged();
+    }
+}
+
+void StatusNotifierWatcher::registerItem()
+{
+    auto registration = QDBusMessage::createMethodCall(
+        service, path, service, QStringLiteral("RegisterStatusNotifierItem"));
+    registration << m_bus.baseService();
+    m_bus.send(registration);
+}
