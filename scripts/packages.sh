@@ -10,7 +10,7 @@ apt-cache show qt6-svg-plugins >/dev/null 2>&1 && run_packages="$run_packages qt
 virtual_desktop_packages="xvfb openbox picom dbus dbus-daemon xfce4-panel xdotool imagemagick
     hsetroot x11-utils fonts-inter"
 test_packages="$virtual_desktop_packages at-spi2-core gir1.2-atspi-2.0 python3-dbus python3-gi
-    python3-numpy libglib2.0-bin xterm trayer x11-xserver-utils libfaketime strace fonts-dejavu-core pulseaudio
+    python3-numpy libglib2.0-bin xterm tint2 x11-xserver-utils libfaketime strace fonts-dejavu-core pulseaudio
     pulseaudio-utils bindfs"
 check_packages="clang clang-format clang-tidy libclang-rt-dev valgrind"
 package_packages="dpkg-dev file git"

@@ -40,6 +40,9 @@ void Accessible::setRole(QWidget &widget, QAccessible::Role role)
 {
     QAccessible::installFactory(withRole); // a second time, it does nothing
     widget.setProperty(roleProperty, static_cast<int>(role));
+    // Newer Qt tells of a widget as soon as it has a parent, and remembers what it told.
+    QAccessible::deleteAccessibleInterface(
+        QAccessible::uniqueId(QAccessible::queryAccessibleInterface(&widget)));
 }
 
 void Accessible::hide(QWidget &widget)

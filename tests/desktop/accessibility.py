@@ -54,8 +54,9 @@ def is_pressable(node):
 
 
 def text_of(node):
+    # Called through the interface, as newer bindings bind methods of that name to something else.
     text = node.get_text_iface()
-    return text.get_text(0, text.get_character_count())
+    return Atspi.Text.get_text(text, 0, Atspi.Text.get_character_count(text))
 
 
 def focused_name():

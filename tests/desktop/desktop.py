@@ -178,6 +178,12 @@ class Tovla:
         wait_for(lambda: not self.is_running(), "the program's end")
         return self.process.returncode
 
+    def complaints(self):
+        """What it wrote to stderr until its end, but for what Qt says that it has not got of the
+        newest AT-SPI."""
+        return "".join(line for line in self.process.stderr
+                       if "AtSpiAdaptor" not in line or "does not implement" not in line)
+
     def wait_for_tray_item(self):
         return wait_for(lambda: self.desktop.tray.item_of(self.process.pid), "the tray item")
 

@@ -35,7 +35,8 @@ def actions(node):
 
 
 def describe(node):
-    return f"{node.get_role_name()} {node.get_name()!r}"
+    # What older AT-SPI calls a push button is a button to newer.
+    return f"{node.get_role_name().removeprefix('push ')} {node.get_name()!r}"
 
 
 def shown_nodes(window):
@@ -152,7 +153,7 @@ class AccessibilityTest(DesktopCase):
         window = window_titled(title)
         self.check_window(window, "ctrl+Tab", "ctrl+shift+Tab")
         self.assertLessEqual({"label " + repr(title), "label " + repr(HINT),
-                              "push button 'Close'", f"text {QUESTION!r}"},
+                              "button 'Close'", f"text {QUESTION!r}"},
                              {describe(node) for node in shown_nodes(window)})
 
     def test_settings(self):

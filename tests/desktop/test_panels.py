@@ -12,6 +12,13 @@ from test_time import FAKETIME
 from tray_host import TrayHost
 
 PANEL_HEIGHT = 32
+# Of tint2, a panel that knows the old protocol alone.
+PANEL_SETTINGS = f"""
+panel_items = S
+panel_size = 100% {PANEL_HEIGHT}
+panel_position = bottom center horizontal
+systray_padding = 4 4 4
+"""
 
 
 def docked_icon():
@@ -38,8 +45,9 @@ class PanelsTest(DesktopCase):
         self.desktop.write_preferences(folderPath=self.desktop.journal(), intervalMinutes=5)
 
     def start_panel(self):
-        panel = self.desktop.start("trayer", "--edge", "bottom", "--align", "right", "--widthtype",
-                                   "request", "--height", str(PANEL_HEIGHT))
+        settings = self.desktop.home / "tint2rc"
+        settings.write_text(PANEL_SETTINGS)
+        panel = self.desktop.start("tint2", "-c", str(settings))
         self.addCleanup(lambda: panel.poll() is None and kill(panel))
         return panel
 

@@ -144,7 +144,7 @@ class PromptTest(DesktopCase):
         self.open_prompt()
         self.item.click("Quit")
         self.assertEqual(self.tovla.wait_for_end(), 0)
-        self.assertEqual(self.tovla.process.stderr.read(), "")
+        self.assertEqual(self.tovla.complaints(), "")
 
     def test_window_is_a_floating_card(self):
         self.start()

@@ -41,7 +41,7 @@ class SessionTest(DesktopCase):
 
     def assert_ended_silently(self):
         self.assertEqual(self.tovla.wait_for_end(), 0)
-        self.assertEqual(self.tovla.process.stderr.read(), "")
+        self.assertEqual(self.tovla.complaints(), "")
 
     def test_session_does_not_start_it_again(self):
         self.start_in_session()

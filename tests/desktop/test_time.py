@@ -62,7 +62,7 @@ class TimeTest(DesktopCase):
                                        intervalMinutes=(2**63 - 1))
         tovla = self.desktop.start_tovla()
         self.assertNotEqual(tovla.wait_for_end(), 0)
-        self.assertEqual(tovla.process.stderr.read(),
+        self.assertEqual(tovla.complaints(),
                          "tovla: the prompt interval in seconds does not fit 64 bits\n")
 
     def test_interval_beyond_64_bits_counts_as_none(self):

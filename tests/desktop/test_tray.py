@@ -198,7 +198,7 @@ class TrayTest(DesktopCase):
         try:
             second = self.desktop.start_tovla()
             self.assertEqual(second.wait_for_end(), 1)
-            self.assertEqual(second.process.stderr.read(),
+            self.assertEqual(second.complaints(),
                              "tovla: another copy is running but does not answer\n")
         finally:
             self.tovla.process.send_signal(signal.SIGCONT)

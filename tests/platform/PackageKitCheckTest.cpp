@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/PackageKitFixture.h"
 
+#include <QDBusConnectionInterface>
+
 #include <csignal>
 
 using namespace Qt::StringLiterals;
@@ -175,6 +177,25 @@ private slots:
     {
         m_updates->check();
         QTRY_COMPARE(state().failure, Failure::noService);
+    }
+
+    void strangerThatSpeaksForTheService_isNotHeard()
+    {
+        m_scenario[u"GetUpdates"_s] = QJsonArray{then(u"hang"_s)};
+        startStandIn();
+        m_updates->check();
+        QTRY_VERIFY(calls().contains(uR"(["GetUpdates", 2])"_s));
+        const auto stranger
+            = QDBusConnection::connectToBus(QDBusConnection::SystemBus, u"stranger"_s);
+        auto finished = QDBusMessage::createSignal(
+            u"/3_abcdef"_s, u"org.freedesktop.PackageKit.Transaction"_s, u"Finished"_s);
+        finished.setArguments({uint{PackageKitTransaction::failed}, 7U});
+        QVERIFY(stranger.send(finished));
+        // The bus passes on in order, so what is heard next came after it.
+        QVERIFY(stranger.interface()->serviceUid(stranger.baseService()).isValid());
+        endStandIn();
+        QTRY_VERIFY(!state().isUnderWay());
+        QCOMPARE(state().failure, Failure::noService);
     }
 
     void serviceThatRefuses_data()

@@ -72,6 +72,8 @@ protected:
         m_calls.clear();
     }
 
+    void endStandIn() { end(m_standIn); }
+
     /// The methods called so far, without the hints that come before each.
     QStringList calls()
     {
@@ -107,7 +109,7 @@ private slots:
     void cleanup()
     {
         m_updates.reset();
-        end(m_standIn);
+        endStandIn();
         QVERIFY2(m_meter.longestTurn() < EventLoopMeter::frame,
                  qPrintable(QStringLiteral("%1 µs").arg(m_meter.longestTurn().count() / 1000)));
     }

@@ -54,21 +54,37 @@ void PackageKitTransaction::create()
     Bus::ask(m_bus, create, this, [this](const QDBusMessage &reply) {
         if (isFailure(reply)) {
             endByMessage(reply);
+            return;
+        }
+        m_path = reply.arguments().value(0).value<QDBusObjectPath>().path();
+        if (m_path.isEmpty()) {
+            m_outcome.errorText = QStringLiteral("CreateTransaction: no path");
+            end();
         } else {
-            run(reply);
+            findService();
         }
     });
 }
 
-void PackageKitTransaction::run(const QDBusMessage &created)
+void PackageKitTransaction::findService()
 {
-    m_service = created.service();
-    m_path = created.arguments().value(0).value<QDBusObjectPath>().path();
-    if (m_path.isEmpty()) {
-        m_outcome.errorText = QStringLiteral("CreateTransaction: no path");
-        end();
-        return;
-    }
+    // Only older Qt tells who sent a reply. Whoever took the name since does not know our path.
+    const QString bus = QStringLiteral("org.freedesktop.DBus");
+    auto find = QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus,
+                                               QStringLiteral("GetNameOwner"));
+    find.setArguments({packageKit});
+    Bus::ask(m_bus, find, this, [this](const QDBusMessage &reply) {
+        if (isFailure(reply)) {
+            endByMessage(reply);
+        } else {
+            m_service = reply.arguments().value(0).toString();
+            run();
+        }
+    });
+}
+
+void PackageKitTransaction::run()
+{
     connectSignals();
     const QStringList hints{QStringLiteral("locale=%1.UTF-8").arg(QLocale::system().name()),
                             QStringLiteral("interactive=true"), QStringLiteral("background=false")};

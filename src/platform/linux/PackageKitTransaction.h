@@ -104,7 +104,8 @@ private slots:
 
 private:
     void create();
-    void run(const QDBusMessage &created);
+    void findService();
+    void run();
     void connectSignals();
     void call(const QString &interface, const QString &method, const QVariantList &arguments,
               std::function<void(const QDBusMessage &)> answered);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/SystemClock.h"
 
-#include <QFileInfo>
-#include <QFileSystemWatcher>
+#include "platform/linux/LinkWatcher.h"
+
 #include <QMetaMethod>
 #include <QSocketNotifier>
 
@@ -48,6 +48,6 @@ void SystemClock::connectNotify(const QMetaMethod &signal)
 
 void SystemClock::watchZone()
 {
-    auto *const watcher = new QFileSystemWatcher({QFileInfo(m_zonePath).path()}, this);
-    connect(watcher, &QFileSystemWatcher::directoryChanged, this, &Clock::zoneChanged);
+    auto *const watcher = new LinkWatcher(m_zonePath, this);
+    connect(watcher, &LinkWatcher::changed, this, &Clock::zoneChanged);
 }
