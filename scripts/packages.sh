@@ -11,7 +11,7 @@ virtual_desktop_packages="xvfb openbox picom dbus dbus-daemon xfce4-panel xdotoo
     hsetroot x11-utils fonts-inter"
 test_packages="$virtual_desktop_packages at-spi2-core gir1.2-atspi-2.0 python3-dbus python3-gi
     python3-numpy libglib2.0-bin xterm tint2 x11-xserver-utils libfaketime strace fonts-dejavu-core pulseaudio
-    pulseaudio-utils bindfs"
+    pulseaudio-utils bindfs python3-xlib"
 check_packages="clang clang-format clang-tidy libclang-rt-dev valgrind"
 package_packages="dpkg-dev file git"
 publish_packages="dpkg-dev xz-utils gpg gpg-agent gpgv"

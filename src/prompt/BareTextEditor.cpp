@@ -4,18 +4,22 @@
 #include "look/Accessible.h"
 #include "look/Fonts.h"
 #include "look/Look.h"
+#include "look/TextMenu.h"
 #include "prompt/EditorHeight.h"
 #include "prompt/PlainText.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QInputMethodEvent>
-#include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QTextBlock>
 #include <QTextDocumentFragment>
 
 #include <memory>
+#include <utility>
 
 namespace
 {
@@ -32,6 +36,13 @@ double textHeight(const QTextDocument &document)
         height += document.documentLayout()->blockBoundingRect(block).height();
     }
     return height;
+}
+
+bool isClipboard(const QMimeData *source)
+{
+    const QClipboard &clipboard = *QGuiApplication::clipboard();
+    return source == clipboard.mimeData(QClipboard::Clipboard)
+        || source == clipboard.mimeData(QClipboard::Selection);
 }
 
 bool insertsLineBreak(const QKeyEvent &event)
@@ -54,6 +65,11 @@ BareTextEditor::BareTextEditor(const ContentHeight &contentHeight, QWidget *pare
     // The toolkit's caret has the colour of the text; paintEvent draws ours.
     setCursorWidth(0);
     connect(this, &QPlainTextEdit::textChanged, m_coordinator, &Coordinator::textDidChange);
+    connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect &, int scrolled) {
+        if (scrolled != 0) {
+            tellCaretPlace();
+        }
+    });
     QMetaObject::invokeMethod(this, &BareTextEditor::takeFocusAndMeasure, Qt::QueuedConnection);
 }
 
@@ -90,6 +106,7 @@ void BareTextEditor::setLook(const Look &look)
 
 void BareTextEditor::keyPressEvent(QKeyEvent *event)
 {
+    m_hasJustComposed = false;
     if (!insertsLineBreak(*event)) {
         QPlainTextEdit::keyPressEvent(event);
         return;
@@ -99,13 +116,52 @@ void BareTextEditor::keyPressEvent(QKeyEvent *event)
     ensureCursorVisible();
 }
 
+void BareTextEditor::keyReleaseEvent(QKeyEvent *event)
+{
+    m_hasJustComposed = false;
+    QPlainTextEdit::keyReleaseEvent(event);
+}
+
+void BareTextEditor::mousePressEvent(QMouseEvent *event)
+{
+    m_hasJustComposed = false;
+    QPlainTextEdit::mousePressEvent(event);
+}
+
 void BareTextEditor::inputMethodEvent(QInputMethodEvent *event)
 {
+    const bool wasComposing = isComposing();
     const QString plain = plainText(event->commitString());
     if (plain != event->commitString()) {
         event->setCommitString(plain, event->replacementStart(), event->replacementLength());
     }
     QPlainTextEdit::inputMethodEvent(event);
+    // Engines may say twice that nothing is composed any more.
+    m_hasJustComposed = !isComposing() && (wasComposing || m_hasJustComposed);
+}
+
+bool BareTextEditor::takeHasJustComposed()
+{
+    return std::exchange(m_hasJustComposed, false);
+}
+
+QVariant BareTextEditor::inputMethodQuery(Qt::InputMethodQuery property) const
+{
+    QVariant answer = QPlainTextEdit::inputMethodQuery(property);
+    if (property == Qt::ImCursorRectangle || property == Qt::ImAnchorRectangle) {
+        // Without a width, input methods take it for no place at all.
+        QRectF rect = answer.toRectF();
+        rect.setWidth(caretWidth);
+        answer = rect;
+    }
+    return answer;
+}
+
+void BareTextEditor::tellCaretPlace()
+{
+    if (hasFocus()) {
+        QGuiApplication::inputMethod()->update(Qt::ImCursorRectangle | Qt::ImAnchorRectangle);
+    }
 }
 
 void BareTextEditor::paintEvent(QPaintEvent *event)
@@ -121,19 +177,21 @@ void BareTextEditor::paintEvent(QPaintEvent *event)
 
 void BareTextEditor::contextMenuEvent(QContextMenuEvent *event)
 {
-    auto *const menu = createStandardContextMenu(event->pos());
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setPalette(palette());
-    menu->popup(event->globalPos());
+    TextMenu::popUp(*this, event->globalPos());
 }
 
 bool BareTextEditor::canInsertFromMimeData(const QMimeData *source) const
 {
-    return source->hasText() || source->hasHtml();
+    // Not asked of the clipboard's owner, who may be slow to answer: pasting will show.
+    return isClipboard(source) || source->hasText() || source->hasHtml();
 }
 
 void BareTextEditor::insertFromMimeData(const QMimeData *source)
 {
+    // One that does not answer is asked only once; every further question would wait as long.
+    if (source->formats().isEmpty()) {
+        return;
+    }
     const QString text = source->hasText()
         ? source->text()
         : QTextDocumentFragment::fromHtml(source->html()).toPlainText();

@@ -30,11 +30,19 @@ public:
     void setText(const QString &text);
     /// An input method is in the middle of composing something.
     [[nodiscard]] bool isComposing() const;
+    /// A composition has ended and no key that the editor saw has come since; asking forgets it.
+    /// Some engines end it themselves at a key that they then pass on.
+    [[nodiscard]] bool takeHasJustComposed();
+    /// Tells the input method where the caret is now; to be called when the window has moved.
+    void tellCaretPlace();
+    [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery property) const override;
 
     void setLook(const Look &look);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -46,6 +54,7 @@ private:
     void takeFocusAndMeasure();
 
     QColor m_caretColor;
+    bool m_hasJustComposed = false;
     class Coordinator *m_coordinator;
 };
 

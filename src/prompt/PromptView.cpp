@@ -100,6 +100,11 @@ void PromptView::setLook(const Look &look)
     update();
 }
 
+void PromptView::placeDidChange()
+{
+    m_box->editor().tellCaretPlace();
+}
+
 void PromptView::setDescription(const QString &description)
 {
     m_box->editor().setAccessibleDescription(description);
@@ -153,5 +158,7 @@ void PromptView::cancel()
         QGuiApplication::inputMethod()->reset();
         return;
     }
-    m_callbacks.onCancel();
+    if (!m_box->editor().takeHasJustComposed()) {
+        m_callbacks.onCancel();
+    }
 }

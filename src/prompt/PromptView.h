@@ -67,6 +67,8 @@ public:
     /// 560 wide, and as high as the text wants.
     [[nodiscard]] QSize sizeHint() const override;
     void setLook(const Look &look);
+    /// The view is at another place of the screen.
+    void placeDidChange();
     /// What a screen reader says of the editor after its name.
     void setDescription(const QString &description);
 

@@ -226,6 +226,11 @@ void PromptWindow::mousePressEvent(QMouseEvent *event)
     }
 }
 
+void PromptWindow::moveEvent(QMoveEvent *)
+{
+    m_view->placeDidChange();
+}
+
 void PromptWindow::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);

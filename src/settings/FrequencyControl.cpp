@@ -8,6 +8,7 @@
 #include "look/Labels.h"
 #include "look/Look.h"
 #include "look/OverhangItem.h"
+#include "look/TextMenu.h"
 #include "settings/IntervalText.h"
 #include "settings/Stepper.h"
 
@@ -16,7 +17,6 @@
 #include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QMenu>
 
 namespace
 {
@@ -40,10 +40,7 @@ NumberField::NumberField(std::function<void(const QString &)> committed, QWidget
 
 void NumberField::contextMenuEvent(QContextMenuEvent *event)
 {
-    auto *const menu = createStandardContextMenu();
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setAttribute(Qt::WA_WindowPropagation);
-    menu->popup(event->globalPos());
+    TextMenu::popUp(*this, event->globalPos());
 }
 
 void NumberField::focusOutEvent(QFocusEvent *event)

@@ -2,7 +2,6 @@
 #include "settings/SettingsView.h"
 
 #include "look/Accessible.h"
-#include "look/ControlStyle.h"
 #include "look/OverhangItem.h"
 #include "settings/FolderControl.h"
 #include "settings/FrequencyControl.h"
@@ -10,7 +9,6 @@
 #include "settings/SoundControl.h"
 #include "settings/ThemeControl.h"
 
-#include <QAbstractButton>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -50,7 +48,6 @@ protected:
 
 SettingsView::SettingsView(AppState &state, QWidget *parent)
     : QWidget(parent)
-    , m_style(new ControlStyle)
     , m_rows(new QVBoxLayout(this))
     , m_sound(new SoundControl(state))
 {
@@ -66,12 +63,6 @@ SettingsView::SettingsView(AppState &state, QWidget *parent)
            QStringLiteral("Choose how Tovla looks"), new ThemeControl(state));
     addRow(QStringLiteral("speaker.wave.2.fill"), Tints::green, QStringLiteral("Alert Sound"),
            QStringLiteral("Played when a writing prompt appears"), m_sound);
-
-    m_style->setParent(this);
-    const auto controls = findChildren<QWidget *>();
-    for (QWidget *const control : controls) {
-        control->setStyle(m_style);
-    }
 }
 
 void SettingsView::addRow(const QString &icon, const Tint &tint, const QString &label,
@@ -82,15 +73,6 @@ void SettingsView::addRow(const QString &icon, const Tint &tint, const QString &
     }
     auto *const row = new SettingRow(icon, tint, label, detail, control, this);
     m_rows->addItem(new OverhangItem(row, row->contentsMargins()));
-}
-
-void SettingsView::showMnemonics(bool shows)
-{
-    m_style->setShowsMnemonics(shows);
-    const auto buttons = findChildren<QAbstractButton *>();
-    for (QAbstractButton *const button : buttons) {
-        button->update();
-    }
 }
 
 void SettingsView::setLook(const Look &look)

@@ -6,7 +6,6 @@
 #include <QWidget>
 
 class AppState;
-class ControlStyle;
 class SoundControl;
 class QVBoxLayout;
 
@@ -23,14 +22,11 @@ public:
     SettingsView(AppState &state, QWidget *parent);
 
     void setLook(const Look &look);
-    /// Underlines the letters that Alt presses a control with, or no longer does.
-    void showMnemonics(bool shows);
 
 private:
     void addRow(const QString &icon, const Tint &tint, const QString &label, const QString &detail,
                 QWidget *control);
 
-    ControlStyle *m_style;
     QVBoxLayout *m_rows;
     SoundControl *m_sound;
 };

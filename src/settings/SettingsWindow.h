@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QWidget>
+#include "look/PanelWindow.h"
 
 class AppState;
 class SettingsView;
 
-/// The one settings window: as large as its content, neither resizable nor minimisable. Closing it
-/// hides it.
-class SettingsWindow final : public QWidget
+/// The one settings window. Closing it hides it.
+class SettingsWindow final : public PanelWindow
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(SettingsWindow)
@@ -16,11 +15,6 @@ class SettingsWindow final : public QWidget
 public:
     /// @p state must outlive the window.
     explicit SettingsWindow(AppState &state);
-
-protected:
-    bool event(QEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
-    void keyReleaseEvent(QKeyEvent *event) override;
 
 private:
     void updateLook();

@@ -3,9 +3,9 @@
 
 #include "look/Accessible.h"
 #include "look/Fonts.h"
+#include "look/TextMenu.h"
 
 #include <QContextMenuEvent>
-#include <QMenu>
 
 namespace
 {
@@ -30,8 +30,5 @@ TextBox::TextBox(const QString &name, QWidget *parent)
 
 void TextBox::contextMenuEvent(QContextMenuEvent *event)
 {
-    auto *const menu = createStandardContextMenu();
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setAttribute(Qt::WA_WindowPropagation);
-    menu->popup(event->globalPos());
+    TextMenu::popUp(*this, event->globalPos());
 }

@@ -16,6 +16,13 @@ class Texts
 
 const QString programName = QStringLiteral("Tovla");
 
+/// Names and versions have no length that would be too long for a package manager.
+QString cut(const QString &word)
+{
+    constexpr qsizetype longest = 40;
+    return word.size() > longest ? word.first(longest - 1) + u'…' : word;
+}
+
 UpdatePage::Button okButton()
 {
     return {Texts::tr("OK"), Action::close};
@@ -43,17 +50,22 @@ UpdatePage upToDate(const UpdateState &state)
 {
     return {.headline = Texts::tr("You're up to date!"),
             .text = Texts::tr("%1 %2 is currently the newest version available.")
-                        .arg(programName, state.version),
+                        .arg(programName, cut(state.version)),
             .primary = okButton()};
 }
 
 /// As many names as leave the window smaller than any screen.
 QString listed(const QStringList &names)
 {
-    constexpr qsizetype most = 20;
-    const QString shown = names.mid(0, most).join(QStringLiteral(", "));
-    return names.size() > most ? Texts::tr("%1 and %2 more").arg(shown).arg(names.size() - most)
-                               : shown;
+    constexpr qsizetype longest = 240;
+    QString shown = cut(names.constFirst());
+    qsizetype count = 1;
+    while (count < names.size() && shown.size() + cut(names.at(count)).size() < longest) {
+        shown += QStringLiteral(", ") + cut(names.at(count));
+        ++count;
+    }
+    return count < names.size() ? Texts::tr("%1 and %2 more").arg(shown).arg(names.size() - count)
+                                : shown;
 }
 
 UpdatePage available(const UpdateState &state, const QString &runningVersion)
@@ -61,7 +73,7 @@ UpdatePage available(const UpdateState &state, const QString &runningVersion)
     UpdatePage page{.headline = Texts::tr("A new version of %1 is available!").arg(programName),
                     .text = Texts::tr("%1 %2 is now available—you have %3. Would you like to "
                                       "install it now?")
-                                .arg(programName, state.version, runningVersion),
+                                .arg(programName, cut(state.version), runningVersion),
                     .releaseNotes = state.releaseNotes,
                     .primary = {Texts::tr("Install Update"), Action::install},
                     .secondary = {Texts::tr("Remind Me Later"), Action::close}};
@@ -156,12 +168,12 @@ UpdatePage UpdatePage::of(const UpdateState &state, const Program &program, cons
     case Stage::updated:
         return restartable(Texts::tr("Update Installed"),
                            Texts::tr("%1 is now updated to version %2! Restart %1 to use it.")
-                               .arg(programName, state.version));
+                               .arg(programName, cut(state.version)));
     case Stage::replaced:
         return restartable(Texts::tr("A new version of %1 is ready!").arg(programName),
                            Texts::tr("Version %1 is already installed; this window is still "
                                      "version %2.")
-                               .arg(state.version, program.version));
+                               .arg(cut(state.version), program.version));
     case Stage::failed:
         return failed(state, program);
     }

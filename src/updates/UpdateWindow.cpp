@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "updates/UpdateWindow.h"
 
-#include "look/Accessible.h"
 #include "look/ApplicationIcon.h"
 #include "look/ControlStyle.h"
 #include "look/Fonts.h"
 #include "look/Labels.h"
 #include "look/Look.h"
 #include "look/OverhangItem.h"
-#include "look/Screens.h"
 #include "platform/Desktop.h"
 #include "platform/Process.h"
 #include "updates/ProgressBar.h"
@@ -20,9 +18,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
-#include <QWindow>
 
 namespace
 {
@@ -59,9 +55,7 @@ void showButton(QPushButton &button, const UpdatePage::Button &contents)
 } // namespace
 
 UpdateWindow::UpdateWindow(const Desktop &desktop)
-    : QWidget(nullptr,
-              Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint
-                  | Qt::WindowCloseButtonHint)
+    : PanelWindow(tr("Software Update"), QAccessible::Dialog)
     , m_desktop(desktop)
     , m_updates(*desktop.updates)
     , m_column(new QVBoxLayout)
@@ -76,18 +70,12 @@ UpdateWindow::UpdateWindow(const Desktop &desktop)
     , m_secondary(new DialogButton(this))
     , m_primary(new DialogButton(this))
 {
-    Accessible::setRole(*this, QAccessible::Dialog);
-    setWindowTitle(tr("Software Update"));
-    setWindowIcon(applicationIcon());
     layOut();
     connect(&m_updates, &Updates::changed, this, &UpdateWindow::refresh);
     connect(desktop.appearance.get(), &Appearance::changed, this, &UpdateWindow::updateLook);
-    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
     updateLook();
     refresh();
-    adjustSize();
-    m_place = centredOnScreenWithPointer(size());
-    move(m_place);
+    placeOnScreenWithPointer();
 }
 
 QLabel *UpdateWindow::addText(int fontSize, QPalette::ColorRole role)
@@ -95,6 +83,7 @@ QLabel *UpdateWindow::addText(int fontSize, QPalette::ColorRole role)
     auto *const label = Labels::plain({}, systemFont(fontSize), role);
     label->setParent(this);
     label->setWordWrap(true);
+    label->setFixedWidth(textWidth);
     return label;
 }
 
@@ -122,14 +111,7 @@ void UpdateWindow::layOut()
         m_column->addWidget(each);
     }
     addButtons();
-
-    auto *const style = new ControlStyle;
-    style->setParent(this);
-    const auto controls = findChildren<QPushButton *>();
-    for (QPushButton *const control : controls) {
-        control->setStyle(style);
-        control->setFont(systemFont(FontSizes::body));
-    }
+    styleControls();
 }
 
 void UpdateWindow::addButtons()
@@ -141,6 +123,9 @@ void UpdateWindow::addButtons()
     row->addStretch();
     row->addItem(new OverhangItem(m_secondary, ControlStyle::overhang));
     row->addItem(new OverhangItem(m_primary, ControlStyle::overhang));
+    for (QPushButton *const button : {m_detailsButton, m_secondary, m_primary}) {
+        button->setFont(systemFont(FontSizes::body));
+    }
     m_column->addLayout(row);
 
     ControlStyle::setProminent(*m_primary);
@@ -186,6 +171,7 @@ void UpdateWindow::showPage(const UpdatePage &page)
     showButton(*m_primary, page.primary);
     showButton(*m_secondary, page.secondary);
     m_secondary->setEnabled(page.secondary.action != Action::cancel || page.canCancel);
+    m_headline->setAccessibleDescription(page.text);
     if (isAnotherPage) {
         m_notes->setPlainText(page.releaseNotes);
         m_details->setPlainText(page.details);
@@ -193,16 +179,6 @@ void UpdateWindow::showPage(const UpdatePage &page)
         keepPlace();
         (m_primary->isVisibleTo(this) ? m_primary : m_secondary)->setFocus();
         tellScreenReader();
-    }
-}
-
-void UpdateWindow::keepPlace()
-{
-    // While X11 maps the window the toolkit may take it to be at the corner of the screen, and
-    // would send it there with its new size.
-    if (windowHandle() && !windowHandle()->isExposed()) {
-        layout()->activate();
-        move(m_place);
     }
 }
 
@@ -229,7 +205,6 @@ void UpdateWindow::perform(Action action)
 
 void UpdateWindow::tellScreenReader()
 {
-    m_headline->setAccessibleDescription(m_page.text);
     QAccessibleEvent event(m_headline, QAccessible::Alert);
     QAccessible::updateAccessibility(&event);
 }
@@ -249,6 +224,6 @@ void UpdateWindow::keyPressEvent(QKeyEvent *event)
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         m_primary->click();
     } else {
-        QWidget::keyPressEvent(event);
+        PanelWindow::keyPressEvent(event);
     }
 }

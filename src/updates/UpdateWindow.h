@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "look/PanelWindow.h"
 #include "updates/UpdatePage.h"
 
 #include <QPalette>
-#include <QWidget>
 
 struct Desktop;
 class ProgressBar;
@@ -15,7 +15,7 @@ class TextBox;
 
 /// The one window in which updates are looked for, offered and installed. It shows the page of the
 /// state that they are in and decides nothing.
-class UpdateWindow final : public QWidget
+class UpdateWindow final : public PanelWindow
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(UpdateWindow)
@@ -39,14 +39,12 @@ private:
     void updateLook();
     void refresh();
     void showPage(const UpdatePage &page);
-    void keepPlace();
     void perform(UpdatePage::Action action);
     void tellScreenReader();
 
     const Desktop &m_desktop;
     Updates &m_updates;
     UpdatePage m_page;
-    QPoint m_place;
     QVBoxLayout *m_column;
     QLabel *m_headline;
     QLabel *m_text;

@@ -5,7 +5,8 @@
 #include "platform/Process.h"
 #include "updates/UpdateWindow.h"
 
-#include <QCoreApplication>
+#include <QEvent>
+#include <QWidget>
 
 #include <utility>
 
@@ -55,10 +56,19 @@ void UpdaterController::restart()
     if (!Process::canRestart()) {
         m_state().desktop().alerts->warn(
             tr("Update Installed"), tr("The new version will be available next time."), nullptr);
-    } else if (QObject *const prompt = m_state().openPrompt()) {
-        // A note that is being written is finished first.
-        connect(prompt, &QObject::destroyed, qApp, &Process::restart);
+    } else if (QWidget *const prompt = m_state().openPrompt()) {
+        // A note that is being written is finished first, in whatever way.
+        prompt->installEventFilter(this);
     } else {
         Process::restart();
     }
+}
+
+bool UpdaterController::eventFilter(QObject *, QEvent *event)
+{
+    if (event->type() == QEvent::Hide && !event->spontaneous()) {
+        // By then another prompt may have come.
+        QMetaObject::invokeMethod(this, &UpdaterController::restart, Qt::QueuedConnection);
+    }
+    return false;
 }

@@ -27,6 +27,7 @@ public:
     [[nodiscard]] UpdateWindow *window() const { return m_window.get(); }
 
 private:
+    bool eventFilter(QObject *prompt, QEvent *event) override;
     void makeWindow(const Desktop &desktop);
     void showOutcome();
     void restart();

@@ -79,6 +79,20 @@ class UpdatesTest(DesktopCase):
         self.wait_for_day_file(lambda content: content.endswith(b"\nnothing lost\n"))
         wait_for(lambda: self.tovla.wait_for_tray_item().name != before.name, "a new tray item")
 
+    def test_note_that_is_thrown_away_makes_way_for_the_restart(self):
+        self.check(OFFER)
+        accessibility.press("Install Update")
+        accessibility.find("Update Installed")
+        self.open_prompt()
+        type_text("thrown away")
+        before = self.item
+        accessibility.press("Restart Now")
+        self.wait_until_closed()
+        accessibility.press("Close")
+        wait_for(lambda: self.tovla.wait_for_tray_item().name != before.name, "a new tray item")
+        self.assertEqual(self.prompt_titles(), [])
+        self.assertEqual(self.day_files(), [])
+
     def test_program_that_is_told_to_end_does_not_start_again(self):
         for end in (lambda: self.tovla.process.send_signal(signal.SIGTERM),
                     lambda: self.item.click("Quit")):

@@ -5,11 +5,37 @@
 #include "support/AppStateForTests.h"
 
 #include <QClipboard>
+#include <QInputMethod>
+#include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
+
+namespace
+{
+/// Whose owner never answers.
+class UnaskedClipboard final : public QMimeData
+{
+public:
+    mutable int questions = 0;
+
+    [[nodiscard]] QStringList formats() const override
+    {
+        ++questions;
+        return {};
+    }
+    [[nodiscard]] bool hasFormat(const QString &) const override
+    {
+        ++questions;
+        return false;
+    }
+};
+} // namespace
 
 class BareTextEditorTest final : public QObject
 {
@@ -139,6 +165,90 @@ private slots:
         QCoreApplication::sendEvent(m_editor, &composing);
         QVERIFY(m_editor->isComposing());
         QVERIFY(m_editor->grab().toImage() != asking);
+    }
+
+    void inputMethod_isToldACaretThatHasAPlace()
+    {
+        QTRY_VERIFY(m_editor->hasFocus());
+        const auto told
+            = [this] { return m_editor->inputMethodQuery(Qt::ImCursorRectangle).toRectF(); };
+        QCOMPARE(told().size(), QSizeF(1, lineHeight()));
+        const qreal before = told().x();
+        QTest::keyClicks(m_editor, u"moved"_s);
+        QVERIFY(told().x() > before + 20);
+        QInputMethodEvent composing(u"composed"_s, {});
+        QCoreApplication::sendEvent(m_editor, &composing);
+        QCOMPARE(told().size(), QSizeF(1, lineHeight()));
+    }
+
+    void inputMethod_isToldWhenTheTextScrolls()
+    {
+        QTRY_VERIFY(m_editor->hasFocus());
+        m_editor->setText(u"line\n"_s.repeated(40));
+        m_editor->moveCursor(QTextCursor::Start);
+        m_editor->ensureCursorVisible();
+        QSignalSpy told(QGuiApplication::inputMethod(), &QInputMethod::cursorRectangleChanged);
+        m_editor->verticalScrollBar()->setValue(1);
+        QTRY_VERIFY(!told.isEmpty());
+    }
+
+    void composition_isRememberedUntilTheNextKey()
+    {
+        QTRY_VERIFY(m_editor->hasFocus());
+        const auto compose = [this](const QString &preedit, const QString &committed) {
+            QInputMethodEvent event(preedit, {});
+            event.setCommitString(committed);
+            QCoreApplication::sendEvent(m_editor, &event);
+        };
+        compose(u"ㅎ"_s, {});
+        QVERIFY(!m_editor->takeHasJustComposed());
+        compose({}, u"하"_s);
+        compose({}, {});
+        QVERIFY(m_editor->takeHasJustComposed());
+        QVERIFY(!m_editor->takeHasJustComposed());
+        compose(u"ㅎ"_s, {});
+        compose({}, u"하"_s);
+        QTest::keyRelease(m_editor, Qt::Key_Space); // of the key that chose it
+        QVERIFY(!m_editor->takeHasJustComposed());
+        compose({}, u"committed at once"_s);
+        QVERIFY(!m_editor->takeHasJustComposed());
+    }
+
+    void menu_asksNobodyForTheClipboard()
+    {
+        auto *const unasked = new UnaskedClipboard;
+        QGuiApplication::clipboard()->setMimeData(unasked);
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5),
+                                m_editor->mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(m_editor, &event);
+        auto *const menu = m_editor->findChild<QMenu *>();
+        QVERIFY(menu && menu->isVisible());
+        QCOMPARE(unasked->questions, 0);
+        const auto actions = menu->actions();
+        const auto paste = std::ranges::find(actions, u"Paste"_s, &QAction::text);
+        QVERIFY(paste != actions.end() && (*paste)->isEnabled());
+        (*paste)->trigger();
+        QCOMPARE(unasked->questions, 1);
+        QCOMPARE(m_editor->text(), QString());
+    }
+
+    void menu_offersWhatCanBeDone()
+    {
+        QTRY_VERIFY(m_editor->hasFocus());
+        QTest::keyClicks(m_editor, u"note"_s);
+        QTest::keyClick(m_editor, Qt::Key_A, Qt::ControlModifier);
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5),
+                                m_editor->mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(m_editor, &event);
+        QStringList shown;
+        for (const QAction *const action : m_editor->findChild<QMenu *>()->actions()) {
+            shown.append(action->isSeparator()
+                             ? u"-"_s
+                             : (action->isEnabled() ? u""_s : u"("_s) + action->text());
+        }
+        QCOMPARE(shown,
+                 (QStringList{u"Undo"_s, u"(Redo"_s, u"-"_s, u"Cut"_s, u"Copy"_s, u"Paste"_s,
+                              u"Delete"_s, u"-"_s, u"Select All"_s}));
     }
 
     void setText_onlyReplacesWhatDiffers()

@@ -5,8 +5,10 @@
 #include <QAbstractButton>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QInputMethod>
 #include <QPlainTextEdit>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimeZone>
@@ -122,6 +124,39 @@ private slots:
         QVERIFY(closing && !closing->isVisible());
         QTRY_VERIFY(!closing);
         QVERIFY(!QFile::exists((*m_state)->folderPath()));
+    }
+
+    void escape_thatEndedAComposition_doesNothingElse()
+    {
+        open();
+        const auto compose = [this](const QString &preedit, const QString &committed) {
+            QInputMethodEvent event(preedit, {});
+            event.setCommitString(committed);
+            QCoreApplication::sendEvent(editor(), &event);
+        };
+        // Some engines end the composition themselves, and pass the key on.
+        compose(u"ㅎ"_s, {});
+        compose({}, u"하"_s);
+        QTest::keyClick(editor(), Qt::Key_Escape);
+        QVERIFY(m_state->promptWindow()->isVisible());
+        QCOMPARE(editor()->toPlainText(), u"하"_s);
+        // Others leave it to us.
+        compose(u"ㅎ"_s, {});
+        QTest::keyClick(editor(), Qt::Key_Escape);
+        QVERIFY(m_state->promptWindow()->isVisible());
+        compose({}, {});
+        QTest::keyClick(editor(), Qt::Key_Left);
+        QTest::keyClick(editor(), Qt::Key_Escape);
+        QVERIFY(!m_state->promptWindow());
+    }
+
+    void inputMethod_isToldWhenTheCardMoves()
+    {
+        open();
+        QTRY_VERIFY(editor()->hasFocus());
+        QSignalSpy told(QGuiApplication::inputMethod(), &QInputMethod::cursorRectangleChanged);
+        m_state->promptWindow()->move(17, 19);
+        QTRY_VERIFY(!told.isEmpty());
     }
 
     void submit_data()

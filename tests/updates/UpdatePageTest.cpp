@@ -96,8 +96,11 @@ private slots:
             page(state).remark,
             u"Authorisation was not given.\nThese packages will change too: browser, editor"_s);
         state.wasNotAuthorised = false;
-        state.otherPackages = u"p"_s.repeated(100).split(u"p"_s, Qt::KeepEmptyParts).mid(0, 50);
-        QVERIFY(page(state).remark.endsWith(u" and 30 more"_s));
+        state.otherPackages = QStringList(50, u"ten-letter"_s);
+        QVERIFY(page(state).remark.endsWith(u", ten-letter and 30 more"_s));
+        state.otherPackages = {u"p"_s.repeated(500)};
+        QVERIFY(page(state).remark.endsWith(u"pp…"_s));
+        QVERIFY(page(state).remark.size() < 100);
     }
 
     void restart_isOffered()

@@ -5,6 +5,7 @@
 #include "support/EventLoopMeter.h"
 #include "updates/UpdateWindow.h"
 
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -100,6 +101,45 @@ private slots:
         window()->close();
         m_desktop->setUpdateState({});
         QVERIFY(!window()->isVisible());
+    }
+
+    void mnemonics_areUnderlinedWhileAltIsHeld()
+    {
+        check({.stage = Stage::available});
+        const auto picture = [this] { return button(u"&Remind Me Later"_s)->grab().toImage(); };
+        const QImage plain = picture();
+        QTest::keyPress(window(), Qt::Key_Alt);
+        QVERIFY(picture() != plain);
+        QTest::keyRelease(window(), Qt::Key_Alt);
+        QCOMPARE(picture(), plain);
+    }
+
+    void anyVersionAndPackages_leaveTheWindowOnTheScreen()
+    {
+        check({.stage = Stage::available, .version = u"1.1"_s});
+        const int width = window()->width();
+        m_desktop->setUpdateState({.stage = Stage::available,
+                                   .version = u"9"_s.repeated(500),
+                                   .releaseNotes = u"word"_s.repeated(2000),
+                                   .otherPackages = QStringList(500, u"lib"_s.repeated(70))});
+        QTRY_VERIFY(window()->height() > 200);
+        QCOMPARE(window()->width(), width);
+        QVERIFY2(window()->height() < 560, qPrintable(QString::number(window()->height())));
+    }
+
+    void download_isDescribedAsItGoesOn()
+    {
+        check({.stage = Stage::downloading, .downloadedSize = 0, .downloadSize = 760'000});
+        m_desktop->setUpdateState(
+            {.stage = Stage::downloading, .downloadedSize = 510'000, .downloadSize = 760'000});
+        for (const QLabel *const label : window()->findChildren<QLabel *>()) {
+            if (label->text() == u"Downloading update…"_s) {
+                QVERIFY2(label->accessibleDescription().startsWith(u"498"_s),
+                         qPrintable(label->accessibleDescription()));
+                return;
+            }
+        }
+        QFAIL("no such headline");
     }
 
     void restart_thatCannotBe_isTold()

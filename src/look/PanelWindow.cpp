@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include "look/PanelWindow.h"
+
+#include "look/Accessible.h"
+#include "look/ApplicationIcon.h"
+#include "look/ControlStyle.h"
+#include "look/Screens.h"
+
+#include <QAbstractButton>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QShortcut>
+#include <QWindow>
+
+PanelWindow::PanelWindow(const QString &title, QAccessible::Role role)
+    : QWidget(nullptr,
+              Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint
+                  | Qt::WindowCloseButtonHint)
+    , m_style(new ControlStyle)
+{
+    m_style->setParent(this);
+    Accessible::setRole(*this, role);
+    setWindowTitle(title);
+    setWindowIcon(applicationIcon());
+    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
+}
+
+PanelWindow::~PanelWindow() = default;
+
+void PanelWindow::styleControls()
+{
+    const auto controls = findChildren<QWidget *>();
+    for (QWidget *const control : controls) {
+        control->setStyle(m_style);
+    }
+}
+
+void PanelWindow::placeOnScreenWithPointer()
+{
+    adjustSize();
+    m_place = centredOnScreenWithPointer(size());
+    move(m_place);
+}
+
+void PanelWindow::keepPlace()
+{
+    // While X11 maps the window the toolkit may take it to be at the corner of the screen, and
+    // would send it there with its new size.
+    if (windowHandle() && !windowHandle()->isExposed()) {
+        layout()->activate();
+        move(m_place);
+    }
+}
+
+bool PanelWindow::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowDeactivate) {
+        // Alt may be let go in another window, as after Alt-Tab.
+        showMnemonics(false);
+    }
+    return QWidget::event(event);
+}
+
+void PanelWindow::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Alt) {
+        showMnemonics(true);
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void PanelWindow::keyReleaseEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Alt) {
+        showMnemonics(false);
+    }
+    QWidget::keyReleaseEvent(event);
+}
+
+void PanelWindow::showMnemonics(bool shows)
+{
+    m_style->setShowsMnemonics(shows);
+    const auto buttons = findChildren<QAbstractButton *>();
+    for (QAbstractButton *const button : buttons) {
+        button->update();
+    }
+}

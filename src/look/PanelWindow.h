@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAccessible>
+#include <QWidget>
+
+class ControlStyle;
+
+/// A window with the window manager's frame, as large as its content: it can be closed, with
+/// Control-W too, and that is all. The letters that Alt presses a control with are underlined while
+/// Alt is held.
+class PanelWindow : public QWidget
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(PanelWindow)
+
+protected:
+    PanelWindow(const QString &title, QAccessible::Role role);
+    ~PanelWindow() override;
+
+    /// Draws the controls that the window has by now in our look.
+    void styleControls();
+    /// To be called once the content is there; the user may move the window from then on.
+    void placeOnScreenWithPointer();
+    /// To be called when the content has another size.
+    void keepPlace();
+
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+
+private:
+    void showMnemonics(bool shows);
+
+    ControlStyle *m_style;
+    QPoint m_place;
+};
