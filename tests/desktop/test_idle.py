@@ -1,19 +1,20 @@
 # SPDX-License-Identifier: MIT
 """What the program does while there is nothing to do, over a minute of a quiet session.
 
-The one test that observes a span of time. It counts what the program does, so that the speed of
-the machine plays no part.
+The one test that observes a span of time. It tells what the program does of its own accord, so that
+neither the speed of the machine nor what else runs on it plays a part.
 """
 import os
 import re
 import subprocess
-import tempfile
+import sys
 import time
 import unittest
 from pathlib import Path
 
 from case import DesktopCase, active_window_title, is_sanitized, is_time, press_keys
 from desktop import wait_for
+from system_calls import MESSAGE, TIMER, SystemCalls, WakeUps
 
 MINUTE = 60
 # The toolkit wakes up once, 30 s after the start (a timer of its caches). After a prompt the longest
@@ -23,51 +24,6 @@ LONGEST_TIMER_SECONDS = 30
 PATIENCE_SECONDS = 300
 PROMPTS = 100
 KIB_OF_GROWTH = 1024
-
-
-class SystemCalls:
-    """Those that a process and all its threads make, told by strace."""
-
-    def __init__(self, pid):
-        self.file = tempfile.NamedTemporaryFile(mode="r")
-        self.strace = subprocess.Popen(
-            ["strace", "--follow-forks", f"--attach={pid}", f"--output={self.file.name}"],
-            stderr=subprocess.PIPE, text=True)
-        # "Process 1 attached" or "attach: ptrace(PTRACE_SEIZE, 1): Operation not permitted".
-        self.greeting = self.strace.stderr.readline()
-        self.is_permitted = " attached" in self.greeting
-
-    def stop(self):
-        """All calls that returned while it was attached. Of the ones in which the threads sleep it
-        tells only the beginning: "<unfinished ...>" or "<detached ...>"."""
-        self.strace.terminate()
-        self.strace.communicate()
-        return [line for line in self.file.read().splitlines()
-                if not line.endswith(" ...>")]
-
-
-def tasks_of(pid):
-    return list(Path(f"/proc/{pid}/task").iterdir())
-
-
-def status(task, name):
-    return int(re.search(rf"^{name}:\s+(\d+)", (task / "status").read_text(), re.MULTILINE)[1])
-
-
-def wake_ups(pid):
-    """How often each thread has gone to sleep until now."""
-    counts = {}
-    for task in tasks_of(pid):
-        try:
-            counts[task.name] = status(task, "voluntary_ctxt_switches")
-        except (FileNotFoundError, ProcessLookupError):
-            pass  # the thread has just ended
-    return counts
-
-
-def private_dirty_kib(pid):
-    rollup = Path(f"/proc/{pid}/smaps_rollup").read_text()
-    return int(re.search(r"Private_Dirty:\s+(\d+) kB", rollup)[1])
 
 
 @unittest.skipIf(is_sanitized(), "the address sanitizer works of its own and keeps what is freed")
@@ -94,50 +50,108 @@ class IdleTest(DesktopCase):
 
         wait_for(closes, "the prompt to close")
 
-    def wait_until_toolkit_is_quiet(self):
-        seen, since = wake_ups(self.pid), time.monotonic()
+    def watch(self):
+        try:
+            calls = SystemCalls(self.pid)
+        except PermissionError:
+            calls = WakeUps(self.pid)
+        self.addCleanup(calls.stop)
+        return calls
+
+    def wait_until_toolkit_is_quiet(self, calls):
+        seen, since = len(calls.own), time.monotonic()
 
         def is_quiet():
             nonlocal seen, since
-            now = wake_ups(self.pid)
-            if now != seen:
-                seen, since = now, time.monotonic()
+            calls.read()
+            if len(calls.own) != seen:
+                seen, since = len(calls.own), time.monotonic()
             return time.monotonic() - since > LONGEST_TIMER_SECONDS + 1
 
-        wait_for(is_quiet, "the toolkit to be done", PATIENCE_SECONDS)
+        try:
+            wait_for(is_quiet, "the toolkit to be done", PATIENCE_SECONDS)
+        except AssertionError as error:
+            raise AssertionError(f"{error}; the last calls: {calls.own[-5:]}") from None
 
-    def assert_no_wake_up_in_a_minute(self):
-        before = wake_ups(self.pid)
+    def assert_nothing_happens_in_a_minute(self):
+        calls = self.watch()
+        self.wait_until_toolkit_is_quiet(calls)
+        before = len(calls.own)
         time.sleep(MINUTE)
-        self.assertEqual(wake_ups(self.pid), before)
-
-    def assert_no_system_call_in_a_minute(self):
-        # Not in the minute of the wake-ups: to attach, strace wakes every thread up.
-        system_calls = SystemCalls(self.pid)
-        if not system_calls.is_permitted:
-            system_calls.stop()
-            self.skipTest(f"strace: {system_calls.greeting}")
-        time.sleep(MINUTE)
-        self.assertEqual(system_calls.stop(), [])
+        calls.read()
+        self.assertEqual(calls.own[before:], [])
 
     def test_after_start_nothing_happens(self):
-        self.wait_until_toolkit_is_quiet()
-        self.assert_no_wake_up_in_a_minute()
-        self.assert_no_system_call_in_a_minute()
+        self.assert_nothing_happens_in_a_minute()
 
     def test_after_a_prompt_nothing_happens(self):
         self.open_and_close_prompt()
-        self.wait_until_toolkit_is_quiet()
-        self.assert_no_wake_up_in_a_minute()
+        self.assert_nothing_happens_in_a_minute()
 
     def test_prompts_leave_no_memory_behind(self):
         self.open_and_close_prompt()
-        self.wait_until_toolkit_is_quiet()
-        first = private_dirty_kib(self.pid)
+        first = self.private_dirty_kib_when_quiet()
         for _ in range(PROMPTS):
             self.open_and_close_prompt()
-        self.wait_until_toolkit_is_quiet()
-        self.assertLess(private_dirty_kib(self.pid) - first, KIB_OF_GROWTH)
+        self.assertLess(self.private_dirty_kib_when_quiet() - first, KIB_OF_GROWTH)
+
+    def private_dirty_kib_when_quiet(self):
+        calls = self.watch()
+        self.wait_until_toolkit_is_quiet(calls)
+        calls.stop()
+        rollup = Path(f"/proc/{self.pid}/smaps_rollup").read_text()
+        return int(re.search(r"Private_Dirty:\s+(\d+) kB", rollup)[1])
+
+    def test_what_others_give_occasion_for_is_told_apart(self):
+        calls = self.watch()
+        if isinstance(calls, WakeUps):
+            self.skipTest("strace is not permitted")
+        self.wait_until_toolkit_is_quiet(calls)
+        before, heard = len(calls.own), len(calls.all)
+        subprocess.run(["xprop", "-root", "-f", "_TOVLA", "8s", "-set", "_TOVLA", "x"], check=True)
+
+        def is_heard():
+            calls.read()
+            return any(MESSAGE.match(call) for call in calls.all[heard:])
+
+        wait_for(is_heard, "the display's message")
+        self.assertEqual(calls.own[before:], [])
+
+
+TIMER_DESCRIPTOR = """import ctypes, os
+libc = ctypes.CDLL(None)
+timer = libc.timerfd_create(1, 0)
+libc.timerfd_settime(timer, 0, (ctypes.c_long * 4)(0, 10**7, 0, 10**7), None)
+while True: os.read(timer, 8)"""
+
+
+class PollingTest(unittest.TestCase):
+    """That a program which polls would be found out, by what strace prints on this system."""
+
+    def test_every_way_to_poll_is_its_own(self):
+        for way in ("import time\nwhile True: time.sleep(0.01)",
+                    "import select\nwhile True: select.poll().poll(10)",
+                    "import select\nwhile True: select.select([], [], [], 0.01)",
+                    "import threading\nwhile True: threading.Event().wait(0.01)",
+                    TIMER_DESCRIPTOR):
+            with self.subTest(way=way), subprocess.Popen([sys.executable, "-c", way]) as program:
+                try:
+                    self.assert_polls(program)
+                finally:
+                    program.kill()
+
+    def assert_polls(self, program):
+        try:
+            calls = SystemCalls(program.pid)
+        except PermissionError as error:
+            self.skipTest(str(error))
+        self.addCleanup(calls.stop)
+
+        def is_found_out():
+            calls.read()
+            return any(TIMER.match(call) for call in calls.own)
+
+        wait_for(is_found_out, "the program to be seen polling")
 
 
 if __name__ == "__main__":
