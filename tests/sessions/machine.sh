@@ -14,8 +14,8 @@ wait_until() {
 
 has_booted() {
     [ -d "/proc/$watcher" ] || { echo "the machine went off" >&2; exit 1; }
-    read -r init _ <"/proc/$watcher/task/$watcher/children" && [ -n "$init" ] \
-        && [ -S "/proc/$init/root/run/dbus/system_bus_socket" ] \
+    init=$(tr -d ' ' <"/proc/$watcher/task/$watcher/children")
+    [ -n "$init" ] && [ -S "/proc/$init/root/run/dbus/system_bus_socket" ] \
         && in_machine systemctl is-active --quiet multi-user.target
 }
 

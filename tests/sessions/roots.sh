@@ -56,30 +56,51 @@ copy_apt_settings() {
 share_downloads() {
     mkdir -p "$roots/$release/downloads/partial"
     mount --bind "$roots/$release/downloads" "$1/var/cache/apt/archives"
-    mount -t proc proc "$1/proc"
-    cp --dereference /etc/resolv.conf "$1/etc/resolv.conf"
+    open_root "$1"
 }
 
 unshare_downloads() {
     umount "$1/proc" "$1/var/cache/apt/archives"
 }
 
+# What packages want of a root before it is booted.
+open_root() {
+    mount -t proc proc "$1/proc"
+    cp --dereference /etc/resolv.conf "$1/etc/resolv.conf"
+}
+
+# One root is made at a time, for two runs may want the same, and apt allows one to download.
+make_root() {
+    local folder=$roots/$release/$1
+    [ -d "$folder" ] && return
+    mkdir -p "$roots/$release"
+    (
+        flock 9
+        [ -d "$folder" ] && exit
+        echo "-- making $folder" >&2
+        rm -rf "$folder.part" "$folder.part.work"
+        "${@:2}" "$folder.part"
+        mv "$folder.part" "$folder"
+        rm -rf "$folder.part.work"
+    ) 9>"$roots/$release/lock"
+}
+
 make_base() {
-    local base=$roots/$release/base
-    [ -d "$base" ] && return
-    echo "-- making the base of $release in $base" >&2
-    rm -rf "$base.part"
-    mkdir -p "$base.part"
-    quietly debootstrap --variant=minbase "$release" "$base.part" "$(find_mirror)"
-    copy_apt_settings "$base.part"
-    share_downloads "$base.part"
-    quietly in_root "$base.part" apt-get update
+    make_root base fill_base
+}
+
+fill_base() {
+    local base=$1
+    mkdir -p "$base"
+    quietly debootstrap --variant=minbase "$release" "$base" "$(find_mirror)"
+    copy_apt_settings "$base"
+    share_downloads "$base"
+    quietly in_root "$base" apt-get update
     # shellcheck disable=SC2086 # a list of names
-    install_in "$base.part" $base_packages
-    unshare_downloads "$base.part"
-    in_root "$base.part" useradd --create-home --shell /bin/bash ann
-    in_root "$base.part" dbus-uuidgen >"$base.part/etc/machine-id"
-    mv "$base.part" "$base"
+    install_in "$base" $base_packages
+    unshare_downloads "$base"
+    in_root "$base" useradd --create-home --shell /bin/bash ann
+    in_root "$base" dbus-uuidgen >"$base/etc/machine-id"
 }
 
 # Mounts at ROOT the base with the layers LOWER (the uppermost first, none may be given) and what is
@@ -96,26 +117,14 @@ mount_layers() {
 
 # Makes the layer NAME over the base by a command that is given the root's folder.
 make_layer() {
-    local name=$1 folder=$roots/$release/$1 root=$scratch/making
-    shift
-    [ -d "$folder" ] && return
-    echo "-- making the layer $name of $release" >&2
-    rm -rf "$folder.part" "$folder.part.work"
-    mount_layers "$root" "$folder.part"
-    share_downloads "$root"
-    "$@" "$root"
-    unshare_downloads "$root"
-    umount "$root"
-    mv "$folder.part" "$folder"
-    rm -rf "$folder.part.work"
+    make_root "$1" fill_layer "${@:2}"
 }
 
-# One at a time, for two runs may want the same.
-make_roots() {
-    mkdir -p "$roots/$release"
-    exec 9>"$roots/$release/lock"
-    flock 9
-    make_base
-    "$@"
-    exec 9>&-
+fill_layer() {
+    local root=$scratch/making changes=${*: -1}
+    mount_layers "$root" "$changes"
+    share_downloads "$root"
+    "${@:1:$#-1}" "$root"
+    unshare_downloads "$root"
+    umount "$root"
 }
