@@ -6,7 +6,7 @@
 
 base_packages="systemd systemd-sysv dbus dbus-user-session libpam-systemd libnss-systemd polkitd
     iproute2 procps xvfb xauth xdotool imagemagick x11-utils x11-xserver-utils xterm wmctrl xclip
-    python3-dbus python3-gi gir1.2-atspi-2.0 at-spi2-core libglib2.0-bin dconf-gsettings-backend
+    python3-dbus python3-gi python3-pil gir1.2-atspi-2.0 at-spi2-core libglib2.0-bin dconf-gsettings-backend
     libgl1-mesa-dri libegl1 libegl-mesa0 libgles2 xkb-data locales-all fonts-cantarell fonts-dejavu-core
     ca-certificates"
 
