@@ -9,6 +9,8 @@ base_packages="systemd systemd-sysv dbus dbus-user-session libpam-systemd libnss
     python3-dbus python3-gi python3-pil gir1.2-atspi-2.0 at-spi2-core libglib2.0-bin dconf-gsettings-backend
     libgl1-mesa-dri libegl1 libegl-mesa0 libgles2 xkb-data locales-all fonts-cantarell fonts-dejavu-core
     ca-certificates"
+# What a desktop of GTK or Qt takes for granted, though no package insists on it: pictures as SVG.
+common_packages="librsvg2-common hicolor-icon-theme gnome-themes-extra"
 
 # Runs a command; what it prints is shown only where it fails.
 quietly() {
