@@ -20,11 +20,14 @@ def _interface(scheme, theme):
     return _gsettings("org.gnome.desktop.interface", color_scheme=scheme, gtk_theme=theme)
 
 
-def _xfce_theme(name):
+def _xfce(theme, dark_panel):
     return [["xfconf-query", "-c", "xsettings", "-p", "/Net/ThemeName", "-n", "-t", "string",
-             "-s", name]]
+             "-s", theme],
+            ["xfconf-query", "-c", "xfce4-panel", "-p", "/panels/dark-mode", "-n", "-t", "bool",
+             "-s", dark_panel]]
 
 
+TEXT = "/home/ann/words.txt"
 LIGHT = _interface("prefer-light", "Adwaita")
 DARK = _interface("prefer-dark", "Adwaita-dark")
 
@@ -46,24 +49,25 @@ class Desktop:
 
 
 def _plasma(package):
-    return Desktop(package, "plasmashell", ["kwrite"], make_windows=KWinWindows,
+    return Desktop(package, "plasmashell", ["kwrite", TEXT], make_windows=KWinWindows,
                    light=[["plasma-apply-colorscheme", "BreezeLight"]],
                    dark=[["plasma-apply-colorscheme", "BreezeDark"]])
 
 
 DESKTOPS = {
-    "xfce": Desktop("xfce4-panel", "xfce4-panel", ["mousepad"],
-                    light=_xfce_theme("Adwaita") + LIGHT, dark=_xfce_theme("Adwaita-dark") + DARK),
+    "xfce": Desktop("xfce4-panel", "xfce4-panel", ["mousepad", TEXT],
+                    light=_xfce("Adwaita", "false") + LIGHT,
+                    dark=_xfce("Adwaita-dark", "true") + DARK),
     "plasma-wayland": _plasma("plasma-workspace"),
     "plasma-x11": _plasma("plasma-workspace"),
-    "gnome": Desktop("gnome-shell", "gnome-shell", ["gnome-text-editor"], gnome=True),
-    "gnome-plain": Desktop("gnome-shell", "gnome-shell", ["gnome-text-editor"], gnome=True,
+    "gnome": Desktop("gnome-shell", "gnome-shell", ["gnome-text-editor", TEXT], gnome=True),
+    "gnome-plain": Desktop("gnome-shell", "gnome-shell", ["gnome-text-editor", TEXT], gnome=True,
                            tray=False),
-    "mate": Desktop("mate-panel", "mate-panel", ["pluma"],
+    "mate": Desktop("mate-panel", "mate-panel", ["pluma", TEXT],
                     light=_gsettings("org.mate.interface", gtk_theme="Adwaita") + LIGHT,
                     dark=_gsettings("org.mate.interface", gtk_theme="Adwaita-dark") + DARK),
-    "cinnamon": Desktop("cinnamon", "cinnamon", ["xed"]),
-    "lxqt": Desktop("lxqt-panel", "lxqt-panel", ["featherpad"]),
+    "cinnamon": Desktop("cinnamon", "cinnamon", ["xed", TEXT]),
+    "lxqt": Desktop("lxqt-panel", "lxqt-panel", ["featherpad", TEXT]),
     "sway": Desktop("sway", "waybar", ["foot"], make_windows=SwayWindows),
     "labwc": Desktop("labwc", "waybar", ["foot"]),
 }

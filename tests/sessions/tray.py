@@ -4,6 +4,8 @@ import dbus
 import dbus.lowlevel
 from dbus.mainloop.glib import DBusGMainLoop
 
+from waiting import comes
+
 WATCHER = "org.kde.StatusNotifierWatcher"
 ITEM = "org.kde.StatusNotifierItem"
 MENU = "com.canonical.dbusmenu"
@@ -31,7 +33,8 @@ class Tray:
     def item(self, program="tovla"):
         """The properties of the item of the running program with that name, or None."""
         for name in self._watcher_property("RegisteredStatusNotifierItems") or []:
-            service, slash, path = str(name).partition("/")
+            # GNOME's extension writes an "@" between the two.
+            service, slash, path = str(name).replace("@", "").partition("/")
             try:
                 if self._program(service) == program:
                     return self._properties(service, slash + path or "/StatusNotifierItem")
@@ -89,5 +92,6 @@ class Listener:
 
     def heard(self):
         """Each call once, in the order of the first, since the last time it was asked."""
+        comes(lambda: self.calls, 1)
         calls, self.calls = list(dict.fromkeys(self.calls)), []
         return calls

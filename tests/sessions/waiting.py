@@ -14,6 +14,8 @@ def wait_for(condition, what, patience=30):
     context = GLib.MainContext.default()
     deadline = time.monotonic() + patience
     while True:
+        while context.pending():
+            context.iteration(False)
         result = condition()
         if result:
             return result
@@ -21,8 +23,6 @@ def wait_for(condition, what, patience=30):
             raise InVain(f"waited {patience} s in vain for {what}")
         GLib.timeout_add(50, lambda: False)
         context.iteration(True)
-        while context.pending():
-            context.iteration(False)
 
 
 def comes(condition, patience=5):

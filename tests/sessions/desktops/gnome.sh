@@ -11,13 +11,12 @@ extensions="'ubuntu-appindicators@ubuntu.com'"
 # Its own display, and by the unsafe mode the checks see and drive it.
 prepare_desktop() {
     local unit=$1/etc/systemd/user/org.gnome.Shell@wayland.service.d
-    mkdir -p "$unit" "$1/etc/dconf/db/local.d" "$1/etc/dconf/profile"
+    mkdir -p "$unit"
     cat >"$unit/headless.conf" <<UNIT
 [Service]
 ExecStart=
 ExecStart=/usr/bin/gnome-shell --headless --virtual-monitor $size --unsafe-mode
 UNIT
-    mkdir -p "$1/usr/share/glib-2.0/schemas"
     cat >"$1/usr/share/glib-2.0/schemas/99_session.gschema.override" <<SETTINGS
 [org.gnome.shell]
 enabled-extensions=[$extensions]
@@ -26,6 +25,8 @@ welcome-dialog-last-shown-version='99'
 lock-enabled=false
 [org.gnome.desktop.session]
 idle-delay=0
+[org.gnome.desktop.notifications]
+show-banners=false
 SETTINGS
     in_root "$1" glib-compile-schemas /usr/share/glib-2.0/schemas
 }
