@@ -66,7 +66,7 @@ DESKTOPS = {
     "mate": Desktop("mate-panel", "mate-panel", ["pluma", TEXT],
                     light=_gsettings("org.mate.interface", gtk_theme="Adwaita") + LIGHT,
                     dark=_gsettings("org.mate.interface", gtk_theme="Adwaita-dark") + DARK),
-    "cinnamon": Desktop("cinnamon", "cinnamon", ["xed", TEXT]),
+    "cinnamon": Desktop("cinnamon", "cinnamon", ["gnome-text-editor", TEXT]),
     "lxqt": Desktop("lxqt-panel", "lxqt-panel", ["featherpad", TEXT]),
     "sway": Desktop("sway", "waybar", ["foot"], make_windows=SwayWindows),
     "labwc": Desktop("labwc", "waybar", ["foot"]),

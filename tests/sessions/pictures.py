@@ -4,7 +4,7 @@ from collections import Counter
 
 from PIL import Image, ImageChops
 
-from waiting import wait_for
+from waiting import InVain, wait_for
 
 
 def changed_box(before, after, outside=None, threshold=24):
@@ -27,6 +27,14 @@ def still_picture(screen, outside=None, patience=15):
         return same and now
 
     return wait_for(is_still, "the screen to stand still", patience)
+
+
+def settled_picture(screen):
+    """For people to look at: once what opens is drawn, though a caret may go on blinking."""
+    try:
+        return still_picture(screen, patience=5)
+    except InVain:
+        return screen.picture()
 
 
 def strip_around(box, picture, margin=14):

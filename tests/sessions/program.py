@@ -36,6 +36,11 @@ def quit_program():
         raise Failed("it still runs 10 s after Quit")
 
 
+def kill():
+    subprocess.run(["pkill", "-KILL", "-x", "tovla"], check=True)
+    wait_for(lambda: not pid(), "the program to end")
+
+
 def day_file():
     path = JOURNAL / f"{date.today():%Y-%m-%d}.md"
     return path.read_text(encoding="utf-8") if path.exists() else ""

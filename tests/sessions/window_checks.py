@@ -4,7 +4,7 @@ import re
 import subprocess
 
 import program
-from pictures import still_picture
+from pictures import settled_picture
 from report import Failed, NotRun
 from waiting import comes, wait_for
 
@@ -48,7 +48,7 @@ class WindowChecks:
         self.editor = subprocess.Popen(self.desktop.editor, stdout=subprocess.DEVNULL,
                                        stderr=subprocess.DEVNULL)
         wait_for(lambda: self.active(lambda window: "tovla" not in window.program), "the editor", 40)
-        still_picture(self.screen, patience=10)
+        settled_picture(self.screen)
 
     def card_over_editor(self):
         """Asked for while somebody types on, as the timer would open it."""
@@ -58,7 +58,7 @@ class WindowChecks:
         self.screen.type("that go on ")
         asking.wait(30)
         self.card = comes(lambda: self.active(self.is_card), 10)
-        self.report.picture("card", self.screen.picture())
+        self.report.picture("card", settled_picture(self.screen))
         if self.card:
             return f"it has the keyboard ({program.platform()}; card.png)"
         shown = [window for window in self.windows() if self.is_card(window)]
@@ -94,7 +94,7 @@ class WindowChecks:
     def settings(self):
         program.launch()
         window = comes(lambda: self.active(self.is_settings), 15)
-        self.report.picture("settings", still_picture(self.screen, patience=10))
+        self.report.picture("settings", settled_picture(self.screen))
         window = window and self.active(self.is_settings)
         if not window:
             raise Failed("no active window of that title (settings.png)")
@@ -113,7 +113,7 @@ class WindowChecks:
             raise NotRun("no other program came before them")
         program.launch()
         came = comes(lambda: self.active(self.is_settings), 5)
-        self.report.picture("settings-again", self.screen.picture())
+        self.report.picture("settings-again", settled_picture(self.screen))
         second.terminate()
         if not came:
             raise Failed("they stay behind (settings-again.png)")

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # shellcheck shell=bash disable=SC2034 # to be sourced by scripts/session
-packages="cinnamon cinnamon-session xed mint-themes adwaita-icon-theme gnome-themes-extra xdg-desktop-portal-xapp
+packages="cinnamon cinnamon-session gnome-text-editor adwaita-icon-theme gnome-themes-extra xdg-desktop-portal-xapp
     xapps-common dbus-x11"
 session_type=x11
 desktop_names=X-Cinnamon

@@ -9,11 +9,21 @@ session_name=sway
 start='exec env DISPLAY=:41 WLR_BACKENDS=x11 WLR_RENDERER=pixman sway'
 
 prepare_desktop() {
-    mkdir -p "$1/home/ann/.config/sway"
-    cat >"$1/home/ann/.config/sway/config" <<SETTINGS
+    local settings=$1/home/ann/.config
+    mkdir -p "$settings/sway" "$settings/waybar"
+    # waybar in the place of the plain bar, and Tovla, as its users would write it.
+    sed -i '/^bar {/a\    swaybar_command waybar' "$1/etc/sway/config"
+    cat >"$settings/sway/config" <<SETTINGS
 include /etc/sway/config
 output X11-1 resolution $size
+exec tovla
 SETTINGS
-    sed -i 's/swaybar_command .*/swaybar_command waybar/; /^bar {/a\    swaybar_command waybar' \
-        "$1/etc/sway/config"
+    cat >"$settings/waybar/style-light.css" <<STYLE
+@import "/etc/xdg/waybar/style.css";
+window#waybar, #tray { background-color: #f4f4f4; color: #202020; }
+STYLE
+    cat >"$settings/waybar/style-dark.css" <<STYLE
+@import "/etc/xdg/waybar/style.css";
+window#waybar, #tray { background-color: #202020; color: #f4f4f4; }
+STYLE
 }
