@@ -1,0 +1,73 @@
+# SPDX-License-Identifier: MIT
+"""How each desktop is seen, driven and set, and with which of its programs somebody writes."""
+from dataclasses import dataclass, field
+
+from gnome_screen import GnomeScreen
+from gnome_windows import GnomeWindows
+from kwin_windows import KWinWindows
+from sway_windows import SwayWindows
+from x11_screen import X11Screen
+from x11_windows import X11Windows
+
+
+def _gsettings(schema, **values):
+    return [["gsettings", "set", schema, key.replace("_", "-"), value]
+            for key, value in values.items()]
+
+
+def _interface(scheme, theme):
+    """What programs of GTK, and those that ask the portal, go by."""
+    return _gsettings("org.gnome.desktop.interface", color_scheme=scheme, gtk_theme=theme)
+
+
+def _xfce(theme, dark_panel):
+    return [["xfconf-query", "-c", "xsettings", "-p", "/Net/ThemeName", "-n", "-t", "string",
+             "-s", theme],
+            ["xfconf-query", "-c", "xfce4-panel", "-p", "/panels/dark-mode", "-n", "-t", "bool",
+             "-s", dark_panel]]
+
+
+TEXT = "/home/ann/words.txt"
+LIGHT = _interface("prefer-light", "Adwaita")
+DARK = _interface("prefer-dark", "Adwaita-dark")
+
+
+@dataclass
+class Desktop:
+    package: str  # whose version is the desktop's
+    panel: str  # the panel's name in the accessibility tree; of GNOME the shell is asked
+    editor: list
+    light: list = field(default_factory=lambda: LIGHT)
+    dark: list = field(default_factory=lambda: DARK)
+    tray: bool = True
+    gnome: bool = False
+    make_windows: type = X11Windows
+
+    def open(self):
+        self.screen = GnomeScreen() if self.gnome else X11Screen()
+        self.windows = GnomeWindows(self.screen) if self.gnome else self.make_windows()
+
+
+def _plasma(package):
+    return Desktop(package, "plasmashell", ["kwrite", TEXT], make_windows=KWinWindows,
+                   light=[["plasma-apply-colorscheme", "BreezeLight"]],
+                   dark=[["plasma-apply-colorscheme", "BreezeDark"]])
+
+
+DESKTOPS = {
+    "xfce": Desktop("xfce4-panel", "xfce4-panel", ["mousepad", TEXT],
+                    light=_xfce("Adwaita", "false") + LIGHT,
+                    dark=_xfce("Adwaita-dark", "true") + DARK),
+    "plasma-wayland": _plasma("plasma-workspace"),
+    "plasma-x11": _plasma("plasma-workspace"),
+    "gnome": Desktop("gnome-shell", "gnome-shell", ["gnome-text-editor", TEXT], gnome=True),
+    "gnome-plain": Desktop("gnome-shell", "gnome-shell", ["gnome-text-editor", TEXT], gnome=True,
+                           tray=False),
+    "mate": Desktop("mate-panel", "mate-panel", ["pluma", TEXT],
+                    light=_gsettings("org.mate.interface", gtk_theme="Adwaita") + LIGHT,
+                    dark=_gsettings("org.mate.interface", gtk_theme="Adwaita-dark") + DARK),
+    "cinnamon": Desktop("cinnamon", "cinnamon", ["gnome-text-editor", TEXT]),
+    "lxqt": Desktop("lxqt-panel", "lxqt-panel", ["featherpad", TEXT]),
+    "sway": Desktop("sway", "waybar", ["foot"], make_windows=SwayWindows),
+    "labwc": Desktop("labwc", "waybar", ["foot"]),
+}

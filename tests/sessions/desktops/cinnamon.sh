@@ -1,0 +1,13 @@
+# SPDX-License-Identifier: MIT
+# shellcheck shell=bash disable=SC2034 # to be sourced by scripts/session
+packages="cinnamon cinnamon-session gnome-text-editor adwaita-icon-theme gnome-themes-extra xdg-desktop-portal-xapp
+    xapps-common dbus-x11"
+session_type=x11
+desktop_names=X-Cinnamon
+session_name=cinnamon
+environment=DISPLAY=:41
+start='dbus-update-activation-environment --systemd --all; exec cinnamon-session-cinnamon'
+
+prepare_desktop() {
+    :
+}

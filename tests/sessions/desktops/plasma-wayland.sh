@@ -1,0 +1,19 @@
+# SPDX-License-Identifier: MIT
+# shellcheck shell=bash disable=SC2034 # to be sourced by scripts/session
+packages="plasma-desktop plasma-workspace kwin-wayland xwayland kwrite breeze breeze-icon-theme
+    xdg-desktop-portal-kde qdbus-qt6"
+session_type=wayland
+desktop_names=KDE
+session_name=plasma
+start='exec startplasma-wayland'
+
+# KWin opens a window on the outer screen.
+prepare_desktop() {
+    local unit=$1/etc/systemd/user/plasma-kwin_wayland.service.d
+    mkdir -p "$unit"
+    cat >"$unit/nested.conf" <<UNIT
+[Service]
+ExecStart=
+ExecStart=/usr/bin/kwin_wayland_wrapper --xwayland --x11-display :41 --width ${size%x*} --height ${size#*x}
+UNIT
+}

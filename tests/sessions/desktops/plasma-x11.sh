@@ -1,0 +1,13 @@
+# SPDX-License-Identifier: MIT
+# shellcheck shell=bash disable=SC2034 # to be sourced by scripts/session
+packages="plasma-desktop plasma-workspace kwin-x11 kwrite breeze breeze-icon-theme breeze-gtk-theme
+    xdg-desktop-portal-kde plasma-workspace-wallpapers"
+session_type=x11
+desktop_names=KDE
+session_name=plasmax11
+environment=DISPLAY=:41
+start='exec startplasma-x11'
+
+prepare_desktop() {
+    :
+}

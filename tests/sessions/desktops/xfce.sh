@@ -1,0 +1,13 @@
+# SPDX-License-Identifier: MIT
+# shellcheck shell=bash disable=SC2034 # to be sourced by scripts/session
+packages="xfce4 mousepad gnome-themes-extra adwaita-icon-theme xdg-desktop-portal xdg-desktop-portal-gtk
+    dbus-x11 xfconf"
+session_type=x11
+desktop_names=XFCE
+session_name=xfce
+environment=DISPLAY=:41
+start='dbus-update-activation-environment --systemd --all; exec startxfce4'
+
+prepare_desktop() {
+    :
+}

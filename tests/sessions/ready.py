@@ -1,0 +1,45 @@
+# SPDX-License-Identifier: MIT
+"""Waits until the session of the named desktop can be worked with."""
+import subprocess
+import sys
+
+import dbus
+
+import tray  # noqa: F401 - it gives the buses their main loop
+from desktops import DESKTOPS
+from pictures import still_picture
+from tray import Tray
+from waiting import wait_for
+
+
+def has_started(desktop):
+    """Told by what comes last: the panel's tray, or the shell itself."""
+    if not desktop.tray:
+        try:
+            return desktop.screen.evaluate("!Main.layoutManager._startingUp")
+        except (dbus.DBusException, RuntimeError):
+            return False
+    return Tray().has_host()
+
+
+def leave_overview(desktop):
+    """GNOME shows it after login, over everything."""
+    if desktop.gnome:
+        desktop.screen.evaluate("Main.overview.hide(); 0")
+        wait_for(lambda: not desktop.screen.evaluate("Main.overview.visible"), "the overview to go")
+
+
+def open_desktop(name):
+    desktop = DESKTOPS[name]
+    wait_for(lambda: subprocess.run(["systemctl", "--user", "show-environment"],
+                                    stdout=subprocess.DEVNULL).returncode == 0, "the user's systemd")
+    wait_for(dbus.SessionBus, "the session's bus")
+    desktop.open()
+    wait_for(lambda: has_started(desktop), "the desktop to start", 120)
+    leave_overview(desktop)
+    still_picture(desktop.screen, patience=60)
+    return desktop
+
+
+if __name__ == "__main__":
+    open_desktop(sys.argv[1])

@@ -1,0 +1,124 @@
+# SPDX-License-Identifier: MIT
+"""The card and the settings: that they come up over another program, and what windows they are."""
+import re
+import subprocess
+
+import program
+from pictures import settled_picture
+from report import Failed, NotRun
+from waiting import comes, wait_for
+
+SETTINGS = "Tovla Settings"
+NOTE = "seen in a whole session"
+
+
+class WindowChecks:
+    def __init__(self, desktop, report):
+        self.desktop = desktop
+        self.screen = desktop.screen
+        self.report = report
+        self.card = None
+
+    def run(self):
+        check = self.report.check
+        check("the card over another program", self.card_over_editor)
+        check("the card's window", self.card_window)
+        check("the note is saved", self.note_saved)
+        check("the keyboard goes back", self.keyboard_back)
+        check("the settings", self.settings)
+        check("the settings again, from behind", self.settings_again)
+        check("Quit", self.quit)
+
+    def windows(self):
+        return self.desktop.windows.windows()
+
+    def active(self, condition):
+        return next((window for window in self.windows()
+                     if window.active and condition(window)), None)
+
+    @staticmethod
+    def is_card(window):
+        return "tovla" in window.program and re.fullmatch(r"\d\d:\d\d", window.title) is not None
+
+    @staticmethod
+    def is_settings(window):
+        return window.title == SETTINGS
+
+    def open_editor(self):
+        self.editor = subprocess.Popen(self.desktop.editor, stdout=subprocess.DEVNULL,
+                                       stderr=subprocess.DEVNULL)
+        wait_for(lambda: self.active(lambda window: "tovla" not in window.program), "the editor", 40)
+        settled_picture(self.screen)
+
+    def card_over_editor(self):
+        """Asked for while somebody types on, as the timer would open it."""
+        self.open_editor()
+        self.screen.type("words for another program ")
+        asking = subprocess.Popen(["gapplication", "action", program.APPLICATION, "write-now"])
+        self.screen.type("that go on ")
+        asking.wait(30)
+        self.card = comes(lambda: self.active(self.is_card), 10)
+        self.report.picture("card", settled_picture(self.screen))
+        if self.card:
+            return f"it has the keyboard ({program.platform()}; card.png)"
+        shown = [window for window in self.windows() if self.is_card(window)]
+        raise Failed("it is there without the keyboard (card.png)" if shown
+                     else "no window of the card (card.png)")
+
+    def card_window(self):
+        card = self.card or next((w for w in self.windows() if self.is_card(w)), None)
+        if not card:
+            raise NotRun("there is no card")
+        wrong = ["not kept above"] * (card.above is False)
+        wrong += ["in the taskbar"] * (card.in_taskbar is True)
+        if wrong:
+            raise Failed(f"{', '.join(wrong)}: {card.described()}")
+        return card.described()
+
+    def note_saved(self):
+        self.screen.type(NOTE)
+        self.screen.press("Control+Return")
+        if not comes(lambda: NOTE in program.day_file(), 10):
+            raise Failed(f"not in the day file: {program.day_file()!r}")
+        if not comes(lambda: not any(self.is_card(window) for window in self.windows()), 5):
+            raise Failed("saved, but the card stays open")
+        return "in the day file, and the card is closed: " + " / ".join(
+            line for line in program.day_file().splitlines() if line)
+
+    def keyboard_back(self):
+        back = comes(lambda: self.active(lambda window: "tovla" not in window.program), 5)
+        if not back:
+            raise Failed("no other program has it")
+        return f"to “{back.title}”"
+
+    def settings(self):
+        program.launch()
+        window = comes(lambda: self.active(self.is_settings), 15)
+        self.report.picture("settings", settled_picture(self.screen))
+        window = window and self.active(self.is_settings)
+        if not window:
+            raise Failed("no active window of that title (settings.png)")
+        wrong = ["can be maximised"] * (window.maximizable is True)
+        wrong += ["in the taskbar"] * (window.in_taskbar is True)
+        # From where would they come back?
+        wrong += ["can be minimised"] * (window.minimizable is True and not window.in_taskbar)
+        if wrong:
+            raise Failed(f"{', '.join(wrong)}: {window.described()} (settings.png)")
+        return f"{window.described()} (settings.png)"
+
+    def settings_again(self):
+        """Behind a program that is opened after them."""
+        second = subprocess.Popen(["xterm"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        if not comes(lambda: self.active(lambda window: "tovla" not in window.program), 15):
+            raise NotRun("no other program came before them")
+        program.launch()
+        came = comes(lambda: self.active(self.is_settings), 5)
+        self.report.picture("settings-again", settled_picture(self.screen))
+        second.terminate()
+        if not came:
+            raise Failed("they stay behind (settings-again.png)")
+        return "they come to the front"
+
+    def quit(self):
+        program.quit_program()
+        return "the program has ended"

@@ -1,0 +1,37 @@
+# SPDX-License-Identifier: MIT
+"""Pictures, pointer and keys of a session on an X display: its own, or the outer one in which a
+Wayland compositor has a window as large as the display."""
+import io
+import os
+import subprocess
+
+from PIL import Image
+
+KEYS = {"Control": "ctrl", "Shift": "shift", "Alt": "alt"}
+
+
+class X11Screen:
+    def __init__(self, display=":41"):
+        self.environment = {**os.environ, "DISPLAY": display}
+
+    def _run(self, *command):
+        return subprocess.run(command, env=self.environment, check=True, stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE).stdout
+
+    def picture(self):
+        return Image.open(io.BytesIO(self._run("import", "-window", "root", "png:-"))).convert("RGB")
+
+    def move(self, x, y):
+        self._run("xdotool", "mousemove", str(x), str(y))
+
+    def click(self, x, y, button=1):
+        """In two steps, as a hand does: some panels want the pointer before the button."""
+        self.move(x - 2, y - 2)
+        self._run("xdotool", "mousemove", "--sync", str(x), str(y), "click", str(button))
+
+    def press(self, keys):
+        """For example "Control+Return"."""
+        self._run("xdotool", "key", "+".join(KEYS.get(key, key) for key in keys.split("+")))
+
+    def type(self, text):
+        self._run("xdotool", "type", "--delay", "20", "--", text)
