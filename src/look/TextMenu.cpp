@@ -55,7 +55,7 @@ QMenu *menuOf(Text &text)
 {
     auto *const menu = new QMenu(&text);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setPalette(text.palette());
+    menu->setAttribute(Qt::WA_WindowPropagation); // of the palette, to a window of its own
     const State state = stateOf(text);
     const auto add = [menu](const QString &label, QKeySequence::StandardKey key, bool isEnabled,
                             auto &&action) {
