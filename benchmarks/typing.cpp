@@ -120,7 +120,7 @@ int main(int argc, char *argv[])
     PromptView view({.onSubmit = [](const QString &) {},
                      .onCancel = [] {},
                      .onHeightChange = [&view] { view.resize(view.sizeHint()); }},
-                    look(ThemePreference::light, appearance), nullptr);
+                    look(appearance, ColorScheme::Light), nullptr);
     view.resize(view.sizeHint());
     view.show();
     auto &ours = *view.findChild<BareTextEditor *>();

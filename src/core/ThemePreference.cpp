@@ -16,6 +16,19 @@ QString rawValue(ThemePreference theme)
     return QStringLiteral("system");
 }
 
+std::optional<ColorScheme> preferredColorScheme(ThemePreference theme)
+{
+    switch (theme) {
+    case ThemePreference::light:
+        return ColorScheme::Light;
+    case ThemePreference::dark:
+        return ColorScheme::Dark;
+    case ThemePreference::system:
+        break;
+    }
+    return std::nullopt;
+}
+
 std::optional<ThemePreference> themePreference(const QString &rawValue)
 {
     const auto *found = std::ranges::find(allThemePreferences, rawValue, ::rawValue);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/ColorScheme.h"
+
 #include <QString>
 
 #include <array>
@@ -15,6 +17,9 @@ inline constexpr std::array allThemePreferences{ThemePreference::system, ThemePr
 
 /// The word that is saved: "system", "light" or "dark".
 [[nodiscard]] QString rawValue(ThemePreference theme);
+
+/// The scheme that the content of a window is forced into; nothing where it follows the system.
+[[nodiscard]] std::optional<ColorScheme> preferredColorScheme(ThemePreference theme);
 
 /// Nothing for any text that is not exactly one of the three words.
 [[nodiscard]] std::optional<ThemePreference> themePreference(const QString &rawValue);

@@ -55,24 +55,12 @@ void raiseContrast(Look &look)
     look.hint = full;
     look.divider = atOpacity(full, 0.5);
 }
-
-ColorScheme scheme(ThemePreference theme, const Appearance &appearance)
-{
-    switch (theme) {
-    case ThemePreference::light:
-        return ColorScheme::Light;
-    case ThemePreference::dark:
-        return ColorScheme::Dark;
-    case ThemePreference::system:
-        break;
-    }
-    return appearance.colorScheme();
-}
 } // namespace
 
-Look look(ThemePreference theme, const Appearance &appearance)
+Look look(const Appearance &appearance, std::optional<ColorScheme> forced)
 {
-    Look look = scheme(theme, appearance) == ColorScheme::Light ? lightLook() : darkLook();
+    const ColorScheme scheme = forced.value_or(appearance.colorScheme());
+    Look look = scheme == ColorScheme::Light ? lightLook() : darkLook();
     if (appearance.wantsHighContrast()) {
         raiseContrast(look);
     }

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/ThemePreference.h"
 #include "platform/Appearance.h"
 
 #include <QColor>
 #include <QPalette>
+
+#include <optional>
 
 /// The colours of our windows in one of the two colour schemes, as the desktop's wishes alter them.
 struct Look {
@@ -33,8 +34,9 @@ struct Look {
     static constexpr auto dividerRole = QPalette::Midlight;
 };
 
-/// The look of a window whose user asked for @p theme.
-[[nodiscard]] Look look(ThemePreference theme, const Appearance &appearance);
+/// The look that the desktop asks for, in the scheme @p forced where there is one.
+[[nodiscard]] Look look(const Appearance &appearance,
+                        std::optional<ColorScheme> forced = std::nullopt);
 
 /// A tint that comes in two shades.
 struct Tint {

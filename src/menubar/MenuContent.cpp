@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "menubar/MenuContent.h"
 
-#include "core/AppDelegate.h"
 #include "core/AppState.h"
+#include "core/ApplicationDelegate.h"
 #include "core/StateObserver.h"
 
 #include <QApplication>
@@ -12,8 +12,8 @@ namespace
 {
 void checkForUpdates()
 {
-    if (auto *const delegate = qobject_cast<AppDelegate *>(applicationDelegate())) {
-        delegate->updaterController().checkForUpdates();
+    if (auto *const delegate = qobject_cast<ApplicationDelegate *>(applicationDelegate())) {
+        delegate->checkForUpdates();
     }
 }
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/ColorScheme.h"
+
 #include <QColor>
 #include <QObject>
-
-enum class ColorScheme { Light, Dark };
 
 /// How the user wants their desktop to look. What the desktop does not tell, or has not told yet,
 /// has the default that is named here; reading never waits.

@@ -13,7 +13,7 @@ void AppState::showPrompt()
     const QDateTime openedAt = m_desktop.clock->now();
     m_desktop.appearance->windowsWillOpen();
     const QPointer state = this;
-    m_promptWindow.reset(new PromptWindow(openedAt, m_theme, m_desktop,
+    m_promptWindow.reset(new PromptWindow(openedAt, preferredColorScheme(m_theme), m_desktop,
                                           {.onSubmit =
                                                [state, openedAt](const QString &text) {
                                                    if (state) {

@@ -39,12 +39,12 @@ QRegion insideCorners(const QRect &frame)
 }
 } // namespace
 
-PromptWindow::PromptWindow(const QDateTime &openedAt, ThemePreference theme, const Desktop &desktop,
-                           PromptCallbacks callbacks)
+PromptWindow::PromptWindow(const QDateTime &openedAt, std::optional<ColorScheme> forcedScheme,
+                           const Desktop &desktop, PromptCallbacks callbacks)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
-    , m_theme(theme)
+    , m_forcedScheme(forcedScheme)
     , m_desktop(desktop)
-    , m_background(look(theme, *desktop.appearance).scheme)
+    , m_background(look(*desktop.appearance, forcedScheme).scheme)
 {
     Accessible::setRole(*this, QAccessible::Dialog);
     setAttribute(Qt::WA_TranslucentBackground);
@@ -61,7 +61,7 @@ PromptWindow::PromptWindow(const QDateTime &openedAt, ThemePreference theme, con
 
 void PromptWindow::createContent(const QString &title, PromptCallbacks callbacks)
 {
-    const Look initial = look(m_theme, *m_desktop.appearance);
+    const Look initial = look(*m_desktop.appearance, m_forcedScheme);
     callbacks.onHeightChange = [this] { scheduleFit(); };
     m_view = new PromptView(std::move(callbacks), initial, this);
     m_titleStrip = new TitleStrip(title, initial, this);
@@ -184,7 +184,7 @@ void PromptWindow::updateBackdrop()
 
 void PromptWindow::updateLook()
 {
-    const Look current = look(m_theme, *m_desktop.appearance);
+    const Look current = look(*m_desktop.appearance, m_forcedScheme);
     m_background = PromptGlassBackground(current.scheme);
     m_view->setLook(current);
     m_titleStrip->setLook(current);

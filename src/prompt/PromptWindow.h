@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/ThemePreference.h"
 #include "platform/Desktop.h"
 #include "prompt/PromptGlassBackground.h"
 #include "prompt/PromptView.h"
@@ -21,9 +20,9 @@ class PromptWindow final : public QWidget
 
 public:
     /// @p openedAt is an instant (UTC), shown in the zone in force now. @p desktop must outlive the
-    /// window; the window follows its appearance as far as @p theme lets it.
-    PromptWindow(const QDateTime &openedAt, ThemePreference theme, const Desktop &desktop,
-                 PromptCallbacks callbacks);
+    /// window; the window follows its appearance, but for a scheme that it is forced into.
+    PromptWindow(const QDateTime &openedAt, std::optional<ColorScheme> forcedScheme,
+                 const Desktop &desktop, PromptCallbacks callbacks);
 
 protected:
     bool event(QEvent *event) override;
@@ -49,7 +48,7 @@ private:
     void updateLook();
     void announceShape();
 
-    ThemePreference m_theme;
+    std::optional<ColorScheme> m_forcedScheme;
     const Desktop &m_desktop;
     PromptGlassBackground m_background;
     PromptGlassBackground::Behind m_behind = PromptGlassBackground::Behind::Opaque;

@@ -30,6 +30,6 @@ void SettingsWindow::updateLook()
 {
     // The theme is for the content; a chooser that opens over it follows the desktop.
     const Appearance &appearance = *m_state.desktop().appearance;
-    setPalette(look(ThemePreference::system, appearance).palette());
-    m_view->setLook(look(m_state.theme(), appearance));
+    setPalette(look(appearance).palette());
+    m_view->setLook(look(appearance, preferredColorScheme(m_state.theme())));
 }

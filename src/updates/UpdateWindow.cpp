@@ -137,7 +137,7 @@ void UpdateWindow::addButtons()
 
 void UpdateWindow::updateLook()
 {
-    setPalette(look(ThemePreference::system, *m_desktop.appearance).palette());
+    setPalette(look(*m_desktop.appearance).palette());
 }
 
 void UpdateWindow::refresh()

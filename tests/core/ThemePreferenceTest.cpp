@@ -20,6 +20,13 @@ private slots:
         }
     }
 
+    void preferredColorScheme_isNoneForTheSystems()
+    {
+        QCOMPARE(preferredColorScheme(ThemePreference::system), std::nullopt);
+        QCOMPARE(preferredColorScheme(ThemePreference::light), std::optional(ColorScheme::Light));
+        QCOMPARE(preferredColorScheme(ThemePreference::dark), std::optional(ColorScheme::Dark));
+    }
+
     void otherText_isNoPreference()
     {
         for (const QString &text : {u"Dark"_s, u"sepia"_s, u" dark"_s, QString()}) {

@@ -38,32 +38,32 @@ class LookTest final : public QObject
     Q_OBJECT
 
 private slots:
-    void theme_decidesTheScheme()
+    void forcedScheme_decides()
     {
         TestDesktop desktop;
         desktop.colorScheme = ColorScheme::Dark;
         const Desktop capabilities = desktop.capabilities();
         const Appearance &appearance = *capabilities.appearance;
-        QCOMPARE(look(ThemePreference::system, appearance).scheme, ColorScheme::Dark);
-        QCOMPARE(look(ThemePreference::light, appearance).scheme, ColorScheme::Light);
+        QCOMPARE(look(appearance).scheme, ColorScheme::Dark);
+        QCOMPARE(look(appearance, ColorScheme::Light).scheme, ColorScheme::Light);
         desktop.colorScheme = ColorScheme::Light;
-        QCOMPARE(look(ThemePreference::system, appearance).scheme, ColorScheme::Light);
-        QCOMPARE(look(ThemePreference::dark, appearance).scheme, ColorScheme::Dark);
+        QCOMPARE(look(appearance).scheme, ColorScheme::Light);
+        QCOMPARE(look(appearance, ColorScheme::Dark).scheme, ColorScheme::Dark);
     }
 
     void text_isReadable_data()
     {
-        QTest::addColumn<ThemePreference>("theme");
-        QTest::newRow("light") << ThemePreference::light;
-        QTest::newRow("dark") << ThemePreference::dark;
+        QTest::addColumn<ColorScheme>("scheme");
+        QTest::newRow("light") << ColorScheme::Light;
+        QTest::newRow("dark") << ColorScheme::Dark;
     }
 
     void text_isReadable()
     {
-        QFETCH(ThemePreference, theme);
+        QFETCH(ColorScheme, scheme);
         TestDesktop desktop;
         const Desktop capabilities = desktop.capabilities();
-        const Look look = ::look(theme, *capabilities.appearance);
+        const Look look = ::look(*capabilities.appearance, scheme);
         for (const QColor &base : {look.textBackground, look.windowBackground, look.controlFace}) {
             QVERIFY(contrast(look.primaryText, base) >= 4.5);
         }
@@ -77,11 +77,11 @@ private slots:
     {
         TestDesktop desktop;
         const Desktop capabilities = desktop.capabilities();
-        for (const ThemePreference theme : {ThemePreference::light, ThemePreference::dark}) {
+        for (const ColorScheme scheme : {ColorScheme::Light, ColorScheme::Dark}) {
             desktop.wantsHighContrast = false;
-            const Look usual = look(theme, *capabilities.appearance);
+            const Look usual = look(*capabilities.appearance, scheme);
             desktop.wantsHighContrast = true;
-            const Look high = look(theme, *capabilities.appearance);
+            const Look high = look(*capabilities.appearance, scheme);
             QVERIFY(contrast(high.secondaryText, high.windowBackground) >= 7);
             QVERIFY(contrast(high.tertiaryText, high.windowBackground) >= 4.5);
             QVERIFY(contrast(high.divider, high.windowBackground)
@@ -101,8 +101,8 @@ private slots:
                 const QColor light = onGlass(0xF6F6F6, opacity, wallpaper);
                 const QColor dark = onGlass(0x28282A, opacity, wallpaper);
                 const Appearance &appearance = *capabilities.appearance;
-                QVERIFY(contrast(look(ThemePreference::light, appearance).hint, light) >= 4.5);
-                QVERIFY(contrast(look(ThemePreference::dark, appearance).hint, dark) >= 4.5);
+                QVERIFY(contrast(look(appearance, ColorScheme::Light).hint, light) >= 4.5);
+                QVERIFY(contrast(look(appearance, ColorScheme::Dark).hint, dark) >= 4.5);
             }
         }
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "menubar/MenuContent.h"
 
-#include "core/AppDelegate.h"
+#include "app/AppDelegate.h"
 #include "support/AppStateForTests.h"
 
 #include <QTest>

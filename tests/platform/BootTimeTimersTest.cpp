@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/BootTimeTimers.h"
+#include "platform/linux/kernel/BootTimeTimers.h"
 
 #include <QElapsedTimer>
 #include <QMenu>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/CanberraSounds.h"
+#include "platform/linux/sound/CanberraSounds.h"
 
 #include "core/AppState.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/DebianChangelog.h"
+#include "platform/linux/packagekit/DebianChangelog.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/PreferencesFile.h"
+#include "platform/generic/PreferencesFile.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/SystemClock.h"
+#include "platform/linux/kernel/SystemClock.h"
 
 #include <QDir>
 #include <QFile>

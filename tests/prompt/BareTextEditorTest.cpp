@@ -293,7 +293,7 @@ private slots:
     {
         TestDesktop desktop;
         const Desktop capabilities = desktop.capabilities();
-        Look look = ::look(ThemePreference::light, *capabilities.appearance);
+        Look look = ::look(*capabilities.appearance, ColorScheme::Light);
         look.primaryText = look.placeholder;
         m_editor->setLook(look);
         m_editor->clearFocus(); // no caret

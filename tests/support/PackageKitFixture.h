@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/PackageKitUpdates.h"
+#include "platform/linux/packagekit/PackageKitUpdates.h"
 #include "support/EventLoopMeter.h"
 
 #include <QJsonArray>

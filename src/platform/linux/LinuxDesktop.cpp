@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Desktop.h"
 #include "platform/Process.h"
-#include "platform/linux/BootTimeTimers.h"
-#include "platform/linux/CanberraSounds.h"
-#include "platform/linux/FileDialogFolderChooser.h"
-#include "platform/linux/MessageBoxAlerts.h"
-#include "platform/linux/PackageKitUpdates.h"
-#include "platform/linux/PortalAppearance.h"
-#include "platform/linux/PreferencesFile.h"
-#include "platform/linux/SystemClock.h"
-#include "platform/linux/X11Compositor.h"
-#include "platform/linux/X11Windows.h"
+#include "platform/linux/kernel/BootTimeTimers.h"
+#include "platform/linux/sound/CanberraSounds.h"
+#include "platform/generic/FileDialogFolderChooser.h"
+#include "platform/generic/MessageBoxAlerts.h"
+#include "platform/linux/packagekit/PackageKitUpdates.h"
+#include "platform/linux/bus/PortalAppearance.h"
+#include "platform/generic/PreferencesFile.h"
+#include "platform/linux/kernel/SystemClock.h"
+#include "platform/linux/x11/X11Compositor.h"
+#include "platform/linux/x11/X11Windows.h"
 
 #include <QCoreApplication>
 

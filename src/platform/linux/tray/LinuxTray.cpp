@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/tray/LinuxTray.h"
 
-#include "platform/linux/SelectionOwner.h"
+#include "platform/linux/x11/SelectionOwner.h"
 #include "platform/linux/tray/BusMenu.h"
 #include "platform/linux/tray/ScreenPlace.h"
 #include "platform/linux/tray/StatusNotifierItem.h"

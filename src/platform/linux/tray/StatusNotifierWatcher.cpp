@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/tray/StatusNotifierWatcher.h"
 
-#include "platform/linux/Bus.h"
+#include "platform/linux/bus/Bus.h"
 
 #include <QDBusError>
 #include <QDBusServiceWatcher>

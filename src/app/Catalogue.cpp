@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "app/Catalogue.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QTranslator>
+
+namespace
+{
+const QString catalogueDir = QStringLiteral(":/catalogue");
+
+void install(QTranslator *translator, bool isLoaded)
+{
+    if (isLoaded) {
+        QCoreApplication::installTranslator(translator);
+    }
+}
+} // namespace
+
+void installCatalogue()
+{
+    auto *const english = new QTranslator(qApp);
+    install(english, english->load(QStringLiteral("tovla_en"), catalogueDir));
+    // The translator that is installed last is asked first.
+    auto *const ours = new QTranslator(qApp);
+    install(ours,
+            ours->load(QLocale(), QStringLiteral("tovla"), QStringLiteral("_"), catalogueDir));
+}

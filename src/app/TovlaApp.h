@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/AppDelegate.h"
+#include "platform/RunningCopy.h"
+#include "platform/Tray.h"
+
+#include <QObject>
+
+#include <memory>
+
+class MenuContent;
+
+/// The application: its delegate and the tray item with its menu, put together in the order in
+/// which a user sees them. Lives as long as the application object.
+class TovlaApp final : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(TovlaApp)
+
+public:
+    TovlaApp();
+    ~TovlaApp() override;
+
+private:
+    void launch();
+    void request(const QString &action);
+    void perform(const QString &action);
+
+    AppDelegate m_appDelegate;
+    std::unique_ptr<RunningCopy> m_runningCopy;
+    // The tray shows the menu and must go before it.
+    std::unique_ptr<MenuContent> m_menu;
+    std::unique_ptr<Tray> m_tray;
+    bool m_hasLaunched = false;
+    /// Asked for by others while the program was still starting.
+    QStringList m_waiting;
+};

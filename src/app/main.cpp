@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include "app/Catalogue.h"
+#include "app/TovlaApp.h"
+#include "platform/Process.h"
+
+#include <QApplication>
+
+namespace
+{
+int run(int argc, char **argv)
+{
+    QApplication::setApplicationName(QStringLiteral("tovla"));
+    QApplication::setApplicationVersion(QStringLiteral(TOVLA_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("org.tovla.Tovla"));
+    const QApplication application(argc, argv);
+    Process::endOnRequest();
+    installCatalogue();
+    const TovlaApp tovla;
+    return QApplication::exec();
+}
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    Process::prepare();
+    return Process::end(run(argc, argv), argv);
+}

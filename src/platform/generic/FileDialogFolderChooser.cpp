@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "platform/generic/FileDialogFolderChooser.h"
+
+#include "platform/Windows.h"
+
+void FileDialogFolderChooser::choose(QWidget &parent, const QString &prompt,
+                                     std::function<void(const QString &path)> chosen)
+{
+    if (m_dialog) {
+        m_dialog->raise();
+        m_dialog->activateWindow();
+        return;
+    }
+    m_dialog = new QFileDialog(&parent);
+    m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    // Looks as its parent does, also when that changes while it is open.
+    m_dialog->setAttribute(Qt::WA_WindowPropagation);
+    m_dialog->setFileMode(QFileDialog::Directory);
+    m_dialog->setOption(QFileDialog::ShowDirsOnly);
+    m_dialog->setLabelText(QFileDialog::Accept, prompt);
+    QObject::connect(m_dialog, &QFileDialog::fileSelected, &parent,
+                     [chosen = std::move(chosen)](const QString &path) {
+                         if (!path.isEmpty()) {
+                             chosen(path);
+                         }
+                     });
+    // Openbox for one does not give the focus back to a window that is not in the taskbar.
+    QObject::connect(m_dialog, &QDialog::finished, &parent, [this, &parent] {
+        if (parent.isVisible()) {
+            m_windows.present(parent);
+        }
+    });
+    m_dialog->open();
+}

@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/bus/PortalAppearance.h"
+
+#include "platform/linux/bus/Bus.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusServiceWatcher>
+#include <QDBusVariant>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QPalette>
+
+namespace
+{
+const QString portalService = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
+const QString appearanceSpace = QStringLiteral("org.freedesktop.appearance");
+const QString gnomeSpace = QStringLiteral("org.gnome.desktop.interface");
+
+const QString colorSchemeKey = QStringLiteral("color-scheme");
+const QString accentKey = QStringLiteral("accent-color");
+const QString contrastKey = QStringLiteral("contrast");
+const QString reducedMotionKey = QStringLiteral("reduced-motion");
+// Where portals are older than the key above.
+const QString animationsKey = QStringLiteral("enable-animations");
+
+/// Read answers with a variant inside a variant.
+QVariant unwrapped(QVariant value)
+{
+    while (value.metaType() == QMetaType::fromType<QDBusVariant>()) {
+        value = value.value<QDBusVariant>().variant();
+    }
+    return value;
+}
+
+/// Three numbers from 0 to 1; anything else means that there is no accent colour.
+QColor accentFrom(const QVariant &value)
+{
+    if (value.metaType() != QMetaType::fromType<QDBusArgument>()) {
+        return {};
+    }
+    const auto argument = value.value<QDBusArgument>();
+    if (argument.currentSignature() != u"(ddd)") {
+        return {};
+    }
+    double red = -1;
+    double green = -1;
+    double blue = -1;
+    argument.beginStructure();
+    argument >> red >> green >> blue;
+    argument.endStructure();
+    const auto isFraction = [](double part) { return part >= 0 && part <= 1; };
+    return isFraction(red) && isFraction(green) && isFraction(blue) ? QColor::fromRgbF(
+               static_cast<float>(red), static_cast<float>(green), static_cast<float>(blue))
+                                                                    : QColor();
+}
+
+std::optional<ColorScheme> colorSchemeFrom(const QVariant &value)
+{
+    switch (value.toUInt()) {
+    case 1:
+        return ColorScheme::Dark;
+    case 2:
+        return ColorScheme::Light;
+    default:
+        return std::nullopt;
+    }
+}
+} // namespace
+
+PortalAppearance::PortalAppearance()
+{
+    qGuiApp->installEventFilter(this);
+    if (!QDBusConnection::sessionBus().isConnected()) {
+        return;
+    }
+    auto bus = QDBusConnection::sessionBus();
+    bus.connect(portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"),
+                this, SLOT(settingChanged(QDBusMessage)));
+    const auto *watcher = new QDBusServiceWatcher(portalService, bus,
+                                                  QDBusServiceWatcher::WatchForRegistration, this);
+    connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] {
+        readColorScheme();
+        if (m_isRestRead) {
+            readRest();
+        }
+    });
+    readColorScheme();
+}
+
+ColorScheme PortalAppearance::colorScheme() const
+{
+    constexpr int middleLightness = 128;
+    return m_colorScheme.value_or(qGuiApp->palette().window().color().lightness() < middleLightness
+                                      ? ColorScheme::Dark
+                                      : ColorScheme::Light);
+}
+
+bool PortalAppearance::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange) {
+        emit changed();
+    }
+    return false;
+}
+
+void PortalAppearance::readColorScheme()
+{
+    read(appearanceSpace, colorSchemeKey);
+}
+
+void PortalAppearance::windowsWillOpen()
+{
+    if (!m_isRestRead && QDBusConnection::sessionBus().isConnected()) {
+        readRest();
+    }
+}
+
+void PortalAppearance::readRest()
+{
+    m_isRestRead = true;
+    for (const QString &key : {accentKey, contrastKey, reducedMotionKey}) {
+        read(appearanceSpace, key);
+    }
+    read(gnomeSpace, animationsKey);
+}
+
+void PortalAppearance::read(const QString &space, const QString &key)
+{
+    auto call = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface,
+                                               QStringLiteral("Read"));
+    call << space << key;
+    Bus::ask(QDBusConnection::sessionBus(), call, this, [this, key](const QDBusMessage &reply) {
+        if (reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty()) {
+            take(key, unwrapped(reply.arguments().constFirst()));
+        }
+    });
+}
+
+void PortalAppearance::settingChanged(const QDBusMessage &message)
+{
+    const QVariantList arguments = message.arguments();
+    if (arguments.size() != 3) {
+        return;
+    }
+    const QString space = arguments.at(0).toString();
+    const QString key = arguments.at(1).toString();
+    if (space == appearanceSpace || (space == gnomeSpace && key == animationsKey)) {
+        take(key, unwrapped(arguments.at(2)));
+    }
+}
+
+void PortalAppearance::take(const QString &key, const QVariant &value)
+{
+    if (key == colorSchemeKey) {
+        m_colorScheme = colorSchemeFrom(value);
+    } else if (key == accentKey) {
+        m_accent = accentFrom(value);
+    } else if (key == contrastKey) {
+        m_wantsHighContrast = value.toUInt() == 1;
+    } else if (key == reducedMotionKey) {
+        m_wantsReducedMotion = value.toUInt() == 1;
+    } else if (key == animationsKey) {
+        m_hasAnimationsOff = value.metaType() == QMetaType::fromType<bool>() && !value.toBool();
+    } else {
+        return;
+    }
+    emit changed();
+}

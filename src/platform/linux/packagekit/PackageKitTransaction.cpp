@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/packagekit/PackageKitTransaction.h"
+
+#include "platform/linux/bus/Bus.h"
+
+#include <QDBusArgument>
+#include <QDBusError>
+#include <QDBusObjectPath>
+#include <QDBusServiceWatcher>
+#include <QLocale>
+
+namespace
+{
+const QString packageKit = QStringLiteral("org.freedesktop.PackageKit");
+const QString packageKitPath = QStringLiteral("/org/freedesktop/PackageKit");
+const QString transactionInterface = QStringLiteral("org.freedesktop.PackageKit.Transaction");
+const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
+
+/// What no window could show, and no log should have to hold.
+constexpr qsizetype longestText = 20000;
+constexpr qsizetype mostPackages = 20000;
+constexpr qsizetype longestId = 300;
+
+bool isFailure(const QDBusMessage &reply)
+{
+    return reply.type() != QDBusMessage::ReplyMessage;
+}
+
+/// Errors of the bus itself say that nobody answered; all others are the daemon's.
+bool isFromTheBus(const QDBusMessage &error)
+{
+    return error.errorName().startsWith(u"org.freedesktop.DBus.Error.")
+        && error.errorName() != u"org.freedesktop.DBus.Error.AccessDenied";
+}
+} // namespace
+
+PackageKitTransaction::PackageKitTransaction(QDBusConnection bus, QString method,
+                                             QVariantList arguments,
+                                             std::function<void(const Outcome &)> finished,
+                                             QObject *parent)
+    : QObject(parent)
+    , m_bus(std::move(bus))
+    , m_method(std::move(method))
+    , m_arguments(std::move(arguments))
+    , m_finished(std::move(finished))
+{
+    create();
+}
+
+void PackageKitTransaction::create()
+{
+    const auto create = QDBusMessage::createMethodCall(packageKit, packageKitPath, packageKit,
+                                                       QStringLiteral("CreateTransaction"));
+    Bus::ask(m_bus, create, this, [this](const QDBusMessage &reply) {
+        if (isFailure(reply)) {
+            endByMessage(reply);
+            return;
+        }
+        m_path = reply.arguments().value(0).value<QDBusObjectPath>().path();
+        if (m_path.isEmpty()) {
+            m_outcome.errorText = QStringLiteral("CreateTransaction: no path");
+            end();
+        } else {
+            findService();
+        }
+    });
+}
+
+void PackageKitTransaction::findService()
+{
+    // Only older Qt tells who sent a reply. Whoever took the name since does not know our path.
+    const QString bus = QStringLiteral("org.freedesktop.DBus");
+    auto find = QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus,
+                                               QStringLiteral("GetNameOwner"));
+    find.setArguments({packageKit});
+    Bus::ask(m_bus, find, this, [this](const QDBusMessage &reply) {
+        if (isFailure(reply)) {
+            endByMessage(reply);
+        } else {
+            m_service = reply.arguments().value(0).toString();
+            run();
+        }
+    });
+}
+
+void PackageKitTransaction::run()
+{
+    connectSignals();
+    const QStringList hints{QStringLiteral("locale=%1.UTF-8").arg(QLocale::system().name()),
+                            QStringLiteral("interactive=true"), QStringLiteral("background=false")};
+    call(transactionInterface, QStringLiteral("SetHints"), {hints}, {});
+    call(transactionInterface, m_method, m_arguments, [this](const QDBusMessage &reply) {
+        if (isFailure(reply)) {
+            endByMessage(reply);
+        }
+    });
+    call(propertiesInterface, QStringLiteral("GetAll"), {transactionInterface},
+         [this](const QDBusMessage &reply) {
+             if (!isFailure(reply)) {
+                 takeProgress(qdbus_cast<QVariantMap>(reply.arguments().value(0)));
+             }
+         });
+}
+
+void PackageKitTransaction::connectSignals()
+{
+    const auto listen = [this](const QString &interface, const char *name, const char *slot) {
+        m_bus.connect(m_service, m_path, interface, QString::fromLatin1(name), this, slot);
+    };
+    listen(transactionInterface, "Package", SLOT(takePackage(uint, QString, QString)));
+    listen(transactionInterface, "UpdateDetail", SLOT(takeUpdateDetail(QDBusMessage)));
+    listen(transactionInterface, "ErrorCode", SLOT(takeError(uint, QString)));
+    listen(transactionInterface, "Finished", SLOT(takeFinished(uint, uint)));
+    listen(transactionInterface, "Destroy", SLOT(takeDestroy()));
+    listen(propertiesInterface, "PropertiesChanged",
+           SLOT(takeProperties(QString, QVariantMap, QStringList)));
+    m_bus.connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
+                  QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
+                  this, SLOT(takeLoss()));
+    // A daemon that is killed in the middle of its work sends nothing.
+    const auto *const watcher = new QDBusServiceWatcher(
+        m_service, m_bus, QDBusServiceWatcher::WatchForUnregistration, this);
+    connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this,
+            &PackageKitTransaction::takeLoss);
+}
+
+void PackageKitTransaction::call(const QString &interface, const QString &method,
+                                 const QVariantList &arguments,
+                                 std::function<void(const QDBusMessage &)> answered)
+{
+    auto call = QDBusMessage::createMethodCall(m_service, m_path, interface, method);
+    call.setArguments(arguments);
+    call.setInteractiveAuthorizationAllowed(true);
+    Bus::ask(m_bus, call, this, [answered = std::move(answered)](const QDBusMessage &reply) {
+        if (answered) {
+            answered(reply);
+        }
+    });
+}
+
+void PackageKitTransaction::cancel()
+{
+    call(transactionInterface, QStringLiteral("Cancel"), {}, [this](const QDBusMessage &reply) {
+        if (isFailure(reply) && isFromTheBus(reply)) {
+            endByMessage(reply);
+        }
+    });
+}
+
+void PackageKitTransaction::forget()
+{
+    m_hasEnded = true;
+    // Not all of its signals: the bus wants to know when this is destroyed.
+    disconnect(this, &PackageKitTransaction::progressChanged, nullptr, nullptr);
+    deleteLater();
+}
+
+void PackageKitTransaction::takePackage(uint info, const QString &id, const QString &)
+{
+    // The high half tells how urgent an update is.
+    constexpr uint kind = 0xFFFF;
+    if (m_outcome.packages.size() < mostPackages && id.size() <= longestId) {
+        m_outcome.packages.append({info & kind, {id}});
+    } else {
+        m_isIncomplete = true;
+    }
+}
+
+void PackageKitTransaction::takeUpdateDetail(const QDBusMessage &message)
+{
+    m_outcome.updateDetail = message.arguments();
+}
+
+void PackageKitTransaction::takeError(uint code, const QString &text)
+{
+    m_outcome.error = code;
+    m_outcome.errorText = text.left(longestText);
+}
+
+void PackageKitTransaction::takeFinished(uint exit, uint)
+{
+    m_outcome.exit = exit;
+    if (m_isIncomplete && m_outcome.succeeded()) {
+        // What is not known of all packages must not be taken for the whole.
+        m_outcome.exit = failed;
+        m_outcome.errorText = QStringLiteral("More packages than can be looked at.");
+    }
+    end();
+}
+
+void PackageKitTransaction::takeLoss()
+{
+    m_outcome.isServiceGone = true;
+    end();
+}
+
+void PackageKitTransaction::takeDestroy()
+{
+    // The error that tells why may still be on its way, and comes before the answer to this.
+    call(propertiesInterface, QStringLiteral("GetAll"), {transactionInterface},
+         [this](const QDBusMessage &) { end(); });
+}
+
+void PackageKitTransaction::takeProperties(const QString &interface, const QVariantMap &changed,
+                                           const QStringList &)
+{
+    if (interface == transactionInterface) {
+        takeProgress(changed);
+    }
+}
+
+void PackageKitTransaction::takeProgress(const QVariantMap &properties)
+{
+    const auto take = [&properties](const char *name, auto &value) {
+        const auto found = properties.constFind(QLatin1String(name));
+        using Value = std::remove_reference_t<decltype(value)>;
+        if (found != properties.constEnd() && found->canConvert<Value>()) {
+            value = found->value<Value>();
+        }
+    };
+    take("Status", m_progress.status);
+    take("Percentage", m_progress.percentage);
+    take("AllowCancel", m_progress.allowsCancel);
+    take("DownloadSizeRemaining", m_progress.downloadSizeRemaining);
+    emit progressChanged();
+}
+
+void PackageKitTransaction::endByMessage(const QDBusMessage &error)
+{
+    m_outcome.isServiceGone = isFromTheBus(error);
+    m_outcome.errorText
+        = QStringLiteral("%1: %2").arg(error.errorName(), error.errorMessage()).left(longestText);
+    end();
+}
+
+void PackageKitTransaction::end()
+{
+    if (m_hasEnded) {
+        return;
+    }
+    m_hasEnded = true;
+    deleteLater();
+    m_finished(m_outcome);
+}
