@@ -4,8 +4,7 @@
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-tools-dev qt6-tools-dev-tools
     qt6-l10n-tools libxcb1-dev libxcb-xfixes0-dev libcanberra-dev python3"
 # The program draws its symbols through Qt's SVG plugin, which newer releases package apart.
-run_packages="libqt6svg6 hicolor-icon-theme libcanberra0 libcanberra-pulse"
-apt-cache show qt6-svg-plugins >/dev/null 2>&1 && run_packages="$run_packages qt6-svg-plugins"
+run_packages="libqt6svg6 maybe:qt6-svg-plugins hicolor-icon-theme libcanberra0 libcanberra-pulse"
 # A desktop for machines that have none: display, window manager, compositor, bus, panel, pictures.
 virtual_desktop_packages="xvfb openbox picom dbus dbus-daemon xfce4-panel xdotool imagemagick
     hsetroot x11-utils fonts-inter"
@@ -21,16 +20,33 @@ as_root() {
     if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
 }
 
+# Whether this release has such a package.
+is_offered() {
+    case $(LC_ALL=C apt-cache policy "$1") in
+    "" | *"Candidate: (none)"*) return 1 ;;
+    esac
+}
+
+# Those of the named packages that are not installed; of "maybe:name" only where there is such a one.
+missing_of() {
+    local wanted package
+    for wanted in "$@"; do
+        package=${wanted#maybe:}
+        if [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" != installed ] \
+            && { [ "$wanted" = "$package" ] || is_offered "$package"; }; then
+            printf ' %s' "$package"
+        fi
+    done
+}
+
 # Installs those of the named packages that are missing.
 need() {
-    local missing="" package
-    for package in "$@"; do
-        [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] \
-            || missing="$missing $package"
-    done
-    [ -z "$missing" ] && return
-    echo "Installing:$missing" >&2
+    [ -z "$(missing_of "$@")" ] && return
     as_root apt-get update -qq
+    # A fresh system knows only now what there is.
+    local missing
+    missing=$(missing_of "$@")
+    echo "Installing:$missing" >&2
     # shellcheck disable=SC2086 # a list of names
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
         $missing >/dev/null

@@ -100,10 +100,12 @@ void PromptWindow::centreOnScreenWithPointer()
 
 void PromptWindow::changeScreen()
 {
-    // While X11 maps the window the toolkit may take it to be on another screen.
-    if (windowHandle()->isExposed()) {
-        QMetaObject::invokeMethod(this, &PromptWindow::followScreens, Qt::QueuedConnection);
-    }
+    // While X11 maps the window the toolkit may take it to be on another screen: it is not to go
+    // there, but what was announced meanwhile had that screen's scale.
+    QMetaObject::invokeMethod(this,
+                              windowHandle()->isExposed() ? &PromptWindow::followScreens
+                                                          : &PromptWindow::announceShape,
+                              Qt::QueuedConnection);
 }
 
 void PromptWindow::followScreens()

@@ -68,7 +68,8 @@ class SystemCalls(Calls):
         self._rest = ""
         self._strace = subprocess.Popen(
             ["strace", "--follow-forks", "--decode-fds=path", f"--attach={pid}",
-             f"--output={self._file.name}"], stderr=subprocess.PIPE, text=True)
+             f"--output={self._file.name}"], stdout=subprocess.DEVNULL,
+            stderr=subprocess.PIPE, text=True)
         # "Process 1 attached" or "attach: ptrace(PTRACE_SEIZE, 1): Operation not permitted".
         greeting = self._strace.stderr.readline()
         if " attached" not in greeting:

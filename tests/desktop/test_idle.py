@@ -7,14 +7,13 @@ neither the speed of the machine nor what else runs on it plays a part.
 import os
 import re
 import subprocess
-import sys
 import time
 import unittest
 from pathlib import Path
 
 from case import DesktopCase, active_window_title, is_sanitized, is_time, press_keys
 from desktop import wait_for
-from system_calls import MESSAGE, TIMER, SystemCalls, WakeUps
+from system_calls import MESSAGE, SystemCalls, WakeUps
 
 MINUTE = 60
 # The toolkit wakes up once, 30 s after the start (a timer of its caches). After a prompt the longest
@@ -116,42 +115,6 @@ class IdleTest(DesktopCase):
 
         wait_for(is_heard, "the display's message")
         self.assertEqual(calls.own[before:], [])
-
-
-TIMER_DESCRIPTOR = """import ctypes, os
-libc = ctypes.CDLL(None)
-timer = libc.timerfd_create(1, 0)
-libc.timerfd_settime(timer, 0, (ctypes.c_long * 4)(0, 10**7, 0, 10**7), None)
-while True: os.read(timer, 8)"""
-
-
-class PollingTest(unittest.TestCase):
-    """That a program which polls would be found out, by what strace prints on this system."""
-
-    def test_every_way_to_poll_is_its_own(self):
-        for way in ("import time\nwhile True: time.sleep(0.01)",
-                    "import select\nwhile True: select.poll().poll(10)",
-                    "import select\nwhile True: select.select([], [], [], 0.01)",
-                    "import threading\nwhile True: threading.Event().wait(0.01)",
-                    TIMER_DESCRIPTOR):
-            with self.subTest(way=way), subprocess.Popen([sys.executable, "-c", way]) as program:
-                try:
-                    self.assert_polls(program)
-                finally:
-                    program.kill()
-
-    def assert_polls(self, program):
-        try:
-            calls = SystemCalls(program.pid)
-        except PermissionError as error:
-            self.skipTest(str(error))
-        self.addCleanup(calls.stop)
-
-        def is_found_out():
-            calls.read()
-            return any(TIMER.match(call) for call in calls.own)
-
-        wait_for(is_found_out, "the program to be seen polling")
 
 
 if __name__ == "__main__":

@@ -63,10 +63,13 @@ class ScreensTest(DesktopCase):
             return all(abs(got - wanted) <= 1
                        for got, wanted in zip(frame_of(self.title), expected))
 
+        self.wait_for_card(is_there, f"the frame to be at {expected}")
+
+    def wait_for_card(self, condition, what):
         try:
-            wait_for(is_there, f"the frame to be at {expected}")
+            wait_for(condition, what)
         except AssertionError as error:
-            raise AssertionError(f"{error}; it is at {frame_of(self.title)}") from None
+            raise AssertionError(f"{error}; its frame is {frame_of(self.title)}") from None
 
     def wait_for_place_on(self, screen_x, scale):
         """Centred, with a third of the free height above."""
@@ -80,7 +83,7 @@ class ScreensTest(DesktopCase):
             _, _, width, height = frame_of(self.title)
             return width == 560 * scale and 104 * scale <= height <= 112 * scale
 
-        wait_for(is_there, f"the card at scale {scale}")
+        self.wait_for_card(is_there, f"the card at scale {scale}")
 
     def test_prompt_opens_on_the_screen_with_the_pointer(self):
         self.start_scaled(1, 1.5)
