@@ -10,6 +10,8 @@ start='exec startplasma-wayland'
 # KWin opens a window on the outer screen.
 prepare_desktop() {
     local unit=$1/etc/systemd/user/plasma-kwin_wayland.service.d
+    mkdir -p "$1/home/ann/.config"
+    printf '[KSplash]\nEngine=none\n' >"$1/home/ann/.config/ksplashrc"
     mkdir -p "$unit"
     cat >"$unit/nested.conf" <<UNIT
 [Service]
