@@ -5,8 +5,7 @@ packages="plasma-desktop plasma-workspace kwin-x11 kwrite breeze breeze-icon-the
 session_type=x11
 desktop_names=KDE
 session_name=plasmax11
-# Without a graphics card KWin takes the display for one that never refreshes.
-environment="DISPLAY=:41 KWIN_X11_REFRESH_RATE=60000 KWIN_X11_FORCE_SOFTWARE_VSYNC=1"
+environment=DISPLAY=:41
 start='exec startplasma-x11'
 
 prepare_desktop() {
