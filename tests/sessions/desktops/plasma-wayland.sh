@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # shellcheck shell=bash disable=SC2034 # to be sourced by scripts/session
 packages="plasma-desktop plasma-workspace kwin-wayland xwayland kwrite breeze breeze-icon-theme
-    xdg-desktop-portal-kde qdbus-qt6"
+    xdg-desktop-portal-kde"
 session_type=wayland
 desktop_names=KDE
 session_name=plasma
