@@ -40,6 +40,7 @@ class Desktop:
     light: list = field(default_factory=lambda: LIGHT)
     dark: list = field(default_factory=lambda: DARK)
     tray: bool = True
+    old_tray: bool = False  # the one before StatusNotifierItem
     gnome: bool = False
     make_windows: type = X11Windows
 
@@ -54,6 +55,13 @@ def _plasma(package):
                    dark=[["plasma-apply-colorscheme", "BreezeDark"]])
 
 
+def _mate(**options):
+    return Desktop("mate-panel", "notification-area-applet", ["pluma", TEXT],
+                   light=_gsettings("org.mate.interface", gtk_theme="Adwaita") + LIGHT,
+                   dark=_gsettings("org.mate.interface", gtk_theme="Adwaita-dark") + DARK,
+                   **options)
+
+
 DESKTOPS = {
     "xfce": Desktop("xfce4-panel", "xfce4-panel", ["mousepad", TEXT],
                     light=_xfce("Adwaita", "false") + LIGHT,
@@ -63,9 +71,8 @@ DESKTOPS = {
     "gnome": Desktop("gnome-shell", "gnome-shell", ["gnome-text-editor", TEXT], gnome=True),
     "gnome-plain": Desktop("gnome-shell", "gnome-shell", ["gnome-text-editor", TEXT], gnome=True,
                            tray=False),
-    "mate": Desktop("mate-panel", "mate-panel", ["pluma", TEXT],
-                    light=_gsettings("org.mate.interface", gtk_theme="Adwaita") + LIGHT,
-                    dark=_gsettings("org.mate.interface", gtk_theme="Adwaita-dark") + DARK),
+    "mate": _mate(old_tray=True),
+    "mate-items": _mate(),
     "cinnamon": Desktop("cinnamon", "cinnamon", ["gnome-text-editor", TEXT]),
     "lxqt": Desktop("lxqt-panel", "lxqt-panel", ["featherpad", TEXT]),
     "sway": Desktop("sway", "waybar", ["foot"], make_windows=SwayWindows),

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # To be sourced after roots.sh: boots a root and runs commands in it.
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2154 # $scratch is the caller's
 
 # Until the condition holds; some desktops need minutes on a slow machine.
 wait_until() {

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # To be sourced after roots.sh: the package of these sources, built on the release it is for. It is
 # kept until the sources change, and what was compiled is used again then.
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2154 # $roots, $release and $scratch are the caller's
 
 install_build_packages() {
     (
@@ -30,22 +30,23 @@ copy_sources() {
 
 # Prints the package's path.
 build_package() {
-    local folder root=$scratch/building compiled=$roots/$release/compiled
-    folder=$roots/$release/packages/$(hash_sources)
-    if [ ! -d "$folder" ]; then
-        make_layer build install_build_packages
-        echo "-- building the package on $release" >&2
-        copy_sources "$compiled"
-        mount_layers "$root" "$scratch/changes/build" build
-        share_downloads "$root"
-        mkdir -p "$root/srv/tovla"
-        mount --bind "$compiled" "$root/srv/tovla"
-        quietly in_root "$root" nice /srv/tovla/scripts/package
-        umount "$root/srv/tovla"
-        unshare_downloads "$root"
-        umount "$root"
-        mkdir -p "$folder"
-        cp "$compiled"/build/package/tovla_*.deb "$folder"
-    fi
-    echo "$folder"/tovla_*.deb
+    local folder
+    folder=packages/$(hash_sources)
+    make_layer build install_build_packages
+    make_root "$folder" fill_package
+    echo "$roots/$release/$folder"/tovla_*.deb
+}
+
+# What was compiled is used again by the same tree only: files of two trees differ in age as well.
+fill_package() {
+    local folder=$1 root=$scratch/building compiled
+    compiled=$roots/$release/compiled/$(pwd | sha256sum | cut -c 1-16)
+    copy_sources "$compiled"
+    mount_layers "$root" "$scratch/changes/build" build
+    open_root "$root"
+    mkdir -p "$root/srv/tovla" "$folder"
+    mount --bind "$compiled" "$root/srv/tovla"
+    quietly in_root "$root" nice /srv/tovla/scripts/package
+    umount "$root/srv/tovla" "$root/proc" "$root"
+    cp "$compiled"/build/package/tovla_*.deb "$folder"
 }

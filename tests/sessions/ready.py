@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 """Waits until the session of the named desktop can be worked with."""
-import subprocess
+import os
 import sys
 
 import dbus
@@ -10,6 +10,7 @@ from desktops import DESKTOPS
 from pictures import still_picture
 from tray import Tray
 from waiting import wait_for
+from x11_windows import has_old_tray
 
 
 def has_started(desktop):
@@ -19,7 +20,7 @@ def has_started(desktop):
             return desktop.screen.evaluate("!Main.layoutManager._startingUp")
         except (dbus.DBusException, RuntimeError):
             return False
-    return Tray().has_host()
+    return has_old_tray() if desktop.old_tray else Tray().has_host()
 
 
 def leave_overview(desktop):
@@ -31,9 +32,8 @@ def leave_overview(desktop):
 
 def open_desktop(name):
     desktop = DESKTOPS[name]
-    wait_for(lambda: subprocess.run(["systemctl", "--user", "show-environment"],
-                                    stdout=subprocess.DEVNULL).returncode == 0, "the user's systemd")
-    wait_for(dbus.SessionBus, "the session's bus")
+    wait_for(lambda: os.path.exists("/run/user/1000/bus"), "the session's bus")
+    os.environ.setdefault("DISPLAY", ":41")  # what the session says of itself is not known yet
     desktop.open()
     wait_for(lambda: has_started(desktop), "the desktop to start", 120)
     leave_overview(desktop)

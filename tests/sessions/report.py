@@ -1,7 +1,6 @@
 # SPDX-License-Identifier: MIT
 """What was seen, a line a check, for the terminal and for a page."""
 import subprocess
-import traceback
 from datetime import date
 from pathlib import Path
 
@@ -31,8 +30,7 @@ class Report:
         except NotRun as reason:
             status, seen = "not run", str(reason)
         except Exception as failure:  # one check that breaks must not hide what the others see
-            traceback.print_exc()
-            status, seen = "not run", f"{type(failure).__name__}: {failure}"
+            status, seen = "not run", f"{type(failure).__name__}: {failure}".splitlines()[0]
         self.rows.append((name, status, seen or ""))
         print(f"{status:8} {name}: {seen or ''}", flush=True)
 

@@ -2,7 +2,7 @@
 # To be sourced: Debian systems in folders, made once and kept in $roots. Each release has a base; what
 # a desktop or a build needs besides is an overlay of its own over it, and what a run changes is kept
 # in memory. The caller is root, in a mount namespace of its own, and names the $release.
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2154,SC2034 # $roots and $release are the caller's
 
 base_packages="systemd systemd-sysv dbus dbus-user-session libpam-systemd libnss-systemd polkitd
     iproute2 procps xvfb xauth xdotool imagemagick x11-utils x11-xserver-utils xterm wmctrl xclip
@@ -75,7 +75,7 @@ open_root() {
 make_root() {
     local folder=$roots/$release/$1
     [ -d "$folder" ] && return
-    mkdir -p "$roots/$release"
+    mkdir -p "${folder%/*}"
     (
         flock 9
         [ -d "$folder" ] && exit

@@ -19,7 +19,9 @@ class X11Screen:
                               stderr=subprocess.PIPE).stdout
 
     def picture(self):
-        return Image.open(io.BytesIO(self._run("import", "-window", "root", "png:-"))).convert("RGB")
+        # Not without -silent: each picture rings the bell, over which some window managers stop.
+        picture = self._run("import", "-silent", "-window", "root", "png:-")
+        return Image.open(io.BytesIO(picture)).convert("RGB")
 
     def move(self, x, y):
         self._run("xdotool", "mousemove", str(x), str(y))

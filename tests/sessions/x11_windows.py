@@ -15,11 +15,36 @@ def _numbers(text):
     return re.findall(r"0x[0-9a-f]+", text)
 
 
+def _shown(program):
+    return _output("xdotool", "search", "--onlyvisible", "--class", f"^{program}$").split()
+
+
+def _box(number):
+    geometry = dict(re.findall(r"^ *(Absolute[^:]*|Width|Height): +(-?\d+)$",
+                               _output("xwininfo", "-id", number), re.MULTILINE))
+    x, y, width, height = (int(geometry.get(name, 0)) for name in (
+        "Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
+    return (x, y, x + width, y + height)
+
+
 def popups(program="tovla"):
     """The menus that the program draws itself: they are shown without the window manager."""
-    found = _output("xdotool", "search", "--onlyvisible", "--class", f"^{program}$").split()
-    return [number for number in found
+    return [number for number in _shown(program)
             if "Override Redirect State: yes" in _output("xwininfo", "-id", number)]
+
+
+def docked_icon(program="tovla"):
+    """The box of the window that it has put into the old system tray, which lies in the panel's."""
+    return next((_box(number) for number in _shown(program)
+                 if "_XEMBED_INFO" in _output("xprop", "-id", number)), None)
+
+
+def has_old_tray():
+    """A tray announces itself by owning a selection, which only a client that asks can see; its
+    window says which way its icons lie."""
+    found = _output("xdotool", "search", "--name", ".*").split()
+    return any("_NET_SYSTEM_TRAY_ORIENTATION(" in _output("xprop", "-id", number)
+               for number in found)
 
 
 class X11Windows:
@@ -35,10 +60,6 @@ class X11Windows:
                             "_NET_WM_STATE", "_NET_WM_WINDOW_TYPE", "_NET_WM_ALLOWED_ACTIONS",
                             "_MOTIF_WM_HINTS")
         lines = dict(re.findall(r"^(\w+)[^=:\n]*[=:] *(.*)$", described, re.MULTILINE))
-        geometry = dict(re.findall(r"^ *(Absolute[^:]*|Width|Height): +(-?\d+)$",
-                                   _output("xwininfo", "-id", number), re.MULTILINE))
-        x, y, width, height = (int(geometry.get(name, 0)) for name in (
-            "Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
         title = lines.get("_NET_WM_NAME", "")
         state = lines.get("_NET_WM_STATE", "")
         actions = lines.get("_NET_WM_ALLOWED_ACTIONS", "")
@@ -46,7 +67,7 @@ class X11Windows:
         return Window(
             title=(title if '"' in title else lines.get("WM_NAME", "")).strip('"'),
             program=lines.get("WM_CLASS", "").split('"')[-2:][0].lower(),
-            box=(x, y, x + width, y + height), active=active, above="ABOVE" in state,
+            box=_box(number), active=active, above="ABOVE" in state,
             in_taskbar="SKIP_TASKBAR" not in state, kind=" ".join(kinds).lower(),
             minimizable="ACTION_MINIMIZE" in actions if actions else None,
             maximizable="ACTION_MAXIMIZE_VERT" in actions if actions else None,

@@ -3,3 +3,4 @@
 # GNOME as it comes from its makers, without a tray.
 . tests/sessions/desktops/gnome.sh
 extensions=""
+layer=gnome

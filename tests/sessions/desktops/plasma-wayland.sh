@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # shellcheck shell=bash disable=SC2034 # to be sourced by scripts/session
 packages="plasma-desktop plasma-workspace kwin-wayland xwayland kwrite breeze breeze-icon-theme
-    xdg-desktop-portal-kde qdbus-qt6"
+    xdg-desktop-portal-kde"
 session_type=wayland
 desktop_names=KDE
 session_name=plasma
@@ -10,6 +10,8 @@ start='exec startplasma-wayland'
 # KWin opens a window on the outer screen.
 prepare_desktop() {
     local unit=$1/etc/systemd/user/plasma-kwin_wayland.service.d
+    mkdir -p "$1/home/ann/.config"
+    printf '[KSplash]\nEngine=none\n' >"$1/home/ann/.config/ksplashrc"
     mkdir -p "$unit"
     cat >"$unit/nested.conf" <<UNIT
 [Service]

@@ -9,5 +9,6 @@ environment=DISPLAY=:41
 start='exec startplasma-x11'
 
 prepare_desktop() {
-    :
+    mkdir -p "$1/home/ann/.config"
+    printf '[KSplash]\nEngine=none\n' >"$1/home/ann/.config/ksplashrc"
 }
