@@ -17,22 +17,21 @@ const QString settingsAction = QStringLiteral("settings");
 } // namespace
 
 TovlaApp::TovlaApp()
-    : m_runningCopy(RunningCopy::ofThisPlatform())
 {
+    RunningCopy &runningCopy = *AppState::shared().desktop().runningCopy;
     // The tray item is all that there always is; windows come and go.
     QGuiApplication::setQuitOnLastWindowClosed(false);
     setApplicationDelegate(&m_appDelegate);
-    connect(m_runningCopy.get(), &RunningCopy::isFirst, this, &TovlaApp::launch);
-    connect(m_runningCopy.get(), &RunningCopy::isAnother, qApp,
+    connect(&runningCopy, &RunningCopy::isFirst, this, &TovlaApp::launch);
+    connect(&runningCopy, &RunningCopy::isAnother, qApp,
             [] { QCoreApplication::exit(EXIT_SUCCESS); });
-    connect(m_runningCopy.get(), &RunningCopy::isStuck, qApp, [] {
+    connect(&runningCopy, &RunningCopy::isStuck, qApp, [] {
         std::fputs("tovla: another copy is running but does not answer\n", stderr);
         QCoreApplication::exit(EXIT_FAILURE);
     });
-    connect(m_runningCopy.get(), &RunningCopy::activated, this,
-            [this] { request(settingsAction); });
-    connect(m_runningCopy.get(), &RunningCopy::actionRequested, this, &TovlaApp::request);
-    m_runningCopy->claim();
+    connect(&runningCopy, &RunningCopy::activated, this, [this] { request(settingsAction); });
+    connect(&runningCopy, &RunningCopy::actionRequested, this, &TovlaApp::request);
+    runningCopy.claim();
 }
 
 TovlaApp::~TovlaApp() = default;
@@ -40,11 +39,10 @@ TovlaApp::~TovlaApp() = default;
 void TovlaApp::launch()
 {
     m_menu = std::make_unique<MenuContent>(AppState::shared());
-    m_tray = Tray::ofThisPlatform();
-    m_tray->show({.id = QStringLiteral("tovla"),
-                  .title = QStringLiteral("Tovla"),
-                  .icon = MenuBarIcon::icon,
-                  .menu = m_menu.get()});
+    AppState::shared().desktop().tray->show({.id = QStringLiteral("tovla"),
+                                             .title = QStringLiteral("Tovla"),
+                                             .icon = MenuBarIcon::icon,
+                                             .menu = m_menu.get()});
     m_appDelegate.applicationDidFinishLaunching();
     m_hasLaunched = true;
     const QStringList waiting = std::exchange(m_waiting, {});

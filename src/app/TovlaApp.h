@@ -2,8 +2,6 @@
 #pragma once
 
 #include "app/AppDelegate.h"
-#include "platform/RunningCopy.h"
-#include "platform/Tray.h"
 
 #include <QObject>
 
@@ -28,10 +26,7 @@ private:
     void perform(const QString &action);
 
     AppDelegate m_appDelegate;
-    std::unique_ptr<RunningCopy> m_runningCopy;
-    // The tray shows the menu and must go before it.
     std::unique_ptr<MenuContent> m_menu;
-    std::unique_ptr<Tray> m_tray;
     bool m_hasLaunched = false;
     /// Asked for by others while the program was still starting.
     QStringList m_waiting;

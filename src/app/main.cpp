@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/Catalogue.h"
 #include "app/TovlaApp.h"
-#include "platform/Process.h"
+#include "platform/Desktop.h"
 
 #include <QApplication>
 
@@ -13,7 +13,6 @@ int run(int argc, char **argv)
     QApplication::setApplicationVersion(QStringLiteral(TOVLA_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("org.tovla.Tovla"));
     const QApplication application(argc, argv);
-    Process::endOnRequest();
     installCatalogue();
     const TovlaApp tovla;
     return QApplication::exec();
@@ -22,6 +21,6 @@ int run(int argc, char **argv)
 
 int main(int argc, char *argv[])
 {
-    Process::prepare();
-    return Process::end(run(argc, argv), argv);
+    Desktop::prepare();
+    return Desktop::end(run(argc, argv), argv);
 }

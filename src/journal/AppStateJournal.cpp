@@ -5,14 +5,15 @@
 
 namespace
 {
-Files::Failure addEntry(const QString &folderPath, const DayFile &dayFile, const QString &note)
+Files::Failure addEntry(Files &files, const QString &folderPath, const DayFile &dayFile,
+                        const QString &note)
 {
-    if (auto failure = Files::ensureDirectory(folderPath)) {
+    if (auto failure = files.ensureDirectory(folderPath)) {
         return failure;
     }
     const QByteArray entry = dayFile.entry(note);
-    return Files::appendOrCreate(folderPath + u'/' + dayFile.name(), '\n' + entry,
-                                 dayFile.header() + entry);
+    return files.appendOrCreate(folderPath + u'/' + dayFile.name(), '\n' + entry,
+                                dayFile.header() + entry);
 }
 } // namespace
 
@@ -27,7 +28,7 @@ void AppState::savePrompt(const QString &text, const QDateTime &openedAt)
         showJournalAlert(QStringLiteral("Pick a folder in Settings before saving entries."));
         return;
     }
-    if (const auto failure = addEntry(m_folderPath, DayFile(openedAt), note)) {
+    if (const auto failure = addEntry(*m_desktop.files, m_folderPath, DayFile(openedAt), note)) {
         showJournalAlert(QStringLiteral("Could not save entry: ") + *failure);
     }
 }

@@ -5,10 +5,14 @@
 #include "platform/Appearance.h"
 #include "platform/Clock.h"
 #include "platform/Compositor.h"
+#include "platform/Files.h"
 #include "platform/FolderChooser.h"
 #include "platform/Preferences.h"
+#include "platform/Program.h"
+#include "platform/RunningCopy.h"
 #include "platform/Sounds.h"
 #include "platform/Timers.h"
+#include "platform/Tray.h"
 #include "platform/Updates.h"
 #include "platform/Windows.h"
 
@@ -16,8 +20,12 @@
 
 /// What the program asks of the desktop that it runs on, one member a capability; none is null.
 struct Desktop {
+    std::unique_ptr<Program> program;
+    std::unique_ptr<RunningCopy> runningCopy;
+    std::unique_ptr<Tray> tray;
     std::unique_ptr<Clock> clock;
     std::unique_ptr<Timers> timers;
+    std::unique_ptr<Files> files;
     std::unique_ptr<Preferences> preferences;
     std::unique_ptr<Alerts> alerts;
     std::unique_ptr<Sounds> sounds;
@@ -27,7 +35,12 @@ struct Desktop {
     std::unique_ptr<FolderChooser> folderChooser;
     std::unique_ptr<Updates> updates;
 
+    /// Called first in main, before the application object is made.
+    static void prepare();
     /// The desktop of the platform that this was built for. Needs the application object; costs
     /// nothing that a capability does not need before its first use.
     [[nodiscard]] static Desktop ofThisPlatform();
+    /// Called last in main, when nothing of the application is left; returns what main returns, or
+    /// does not return when a restart was asked for.
+    [[nodiscard]] static int end(int exitStatus, char **argv);
 };

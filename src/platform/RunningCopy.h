@@ -3,8 +3,6 @@
 
 #include <QObject>
 
-#include <memory>
-
 /// Makes sure that only one copy of the program runs in a session, and lets other programs ask
 /// things of that copy.
 class RunningCopy : public QObject
@@ -14,9 +12,6 @@ class RunningCopy : public QObject
 
 public:
     using QObject::QObject;
-
-    /// Where the one that this platform has comes from. The caller owns it.
-    [[nodiscard]] static std::unique_ptr<RunningCopy> ofThisPlatform();
 
     /// Finds out whether this is the first copy; answers with one of the next three signals.
     virtual void claim() = 0;

@@ -6,7 +6,6 @@
 #include <QString>
 
 #include <functional>
-#include <memory>
 
 class QMenu;
 
@@ -32,9 +31,6 @@ public:
         /// Must outlive the tray.
         QMenu *menu;
     };
-
-    /// The caller owns it.
-    [[nodiscard]] static std::unique_ptr<Tray> ofThisPlatform();
 
     /// To be called once.
     virtual void show(const Item &item) = 0;

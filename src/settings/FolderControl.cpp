@@ -9,7 +9,6 @@
 #include "look/Labels.h"
 #include "look/Look.h"
 #include "look/OverhangItem.h"
-#include "platform/Files.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -74,7 +73,7 @@ void FolderControl::pickFolder()
 
 void FolderControl::take(const QString &path)
 {
-    if (Files::isFaithful(path)) {
+    if (m_state.desktop().files->isFaithful(path)) {
         m_state.setFolderPath(path);
         return;
     }

@@ -8,7 +8,6 @@
 #include "look/Look.h"
 #include "look/OverhangItem.h"
 #include "platform/Desktop.h"
-#include "platform/Process.h"
 #include "updates/ProgressBar.h"
 #include "updates/TextBox.h"
 
@@ -147,7 +146,7 @@ void UpdateWindow::refresh()
         return;
     }
     showPage(UpdatePage::of(m_updates.state(),
-                            {QCoreApplication::applicationVersion(), Process::programPath()},
+                            {QCoreApplication::applicationVersion(), m_desktop.program->path()},
                             QLocale::system()));
 }
 

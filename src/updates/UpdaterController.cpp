@@ -2,7 +2,6 @@
 #include "updates/UpdaterController.h"
 
 #include "core/AppState.h"
-#include "platform/Process.h"
 #include "updates/UpdateWindow.h"
 
 #include <QEvent>
@@ -53,14 +52,14 @@ void UpdaterController::showOutcome()
 
 void UpdaterController::restart()
 {
-    if (!Process::canRestart()) {
+    if (!m_state().desktop().program->canRestart()) {
         m_state().desktop().alerts->warn(
             tr("Update Installed"), tr("The new version will be available next time."), nullptr);
     } else if (QWidget *const prompt = m_state().openPrompt()) {
         // A note that is being written is finished first, in whatever way.
         prompt->installEventFilter(this);
     } else {
-        Process::restart();
+        m_state().desktop().program->restart();
     }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/Files.h"
+#include "platform/generic/PosixFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -81,7 +81,7 @@ private slots:
     void newFile_isWhole_withTheUsersMask()
     {
         const mode_t before = umask(027);
-        QVERIFY(!Files::appendOrCreate(path(u"new"_s), "more\n", "whole\n"));
+        QVERIFY(!PosixFiles().appendOrCreate(path(u"new"_s), "more\n", "whole\n"));
         umask(before);
         QCOMPARE(contents(path(u"new"_s)), "whole\n");
         struct stat status {
@@ -94,14 +94,14 @@ private slots:
     void newFile_onAFullDisk_leavesNothing()
     {
         const FileSizeLimit limit(10);
-        const auto failure = Files::appendOrCreate(path(u"new"_s), "", QByteArray(100, 'x'));
+        const auto failure = PosixFiles().appendOrCreate(path(u"new"_s), "", QByteArray(100, 'x'));
         QCOMPARE(failure, std::optional(u"File too large"_s));
         QCOMPARE(names(), QStringList());
     }
 
     void newFile_withoutFolder_says()
     {
-        QCOMPARE(Files::appendOrCreate(path(u"none/new"_s), "x", "x"),
+        QCOMPARE(PosixFiles().appendOrCreate(path(u"none/new"_s), "x", "x"),
                  std::optional(u"No such file or directory"_s));
         QCOMPARE(names(), QStringList());
     }
@@ -109,7 +109,7 @@ private slots:
     void existingFile_getsTheAddition_atItsEnd()
     {
         write("one\n");
-        QVERIFY(!Files::appendOrCreate(path(u"day"_s), "two\n", "whole\n"));
+        QVERIFY(!PosixFiles().appendOrCreate(path(u"day"_s), "two\n", "whole\n"));
         QCOMPARE(contents(path(u"day"_s)), "one\ntwo\n");
     }
 
@@ -117,7 +117,7 @@ private slots:
     {
         write("one\n");
         QVERIFY(QFile::link(path(u"day"_s), path(u"link"_s)));
-        QVERIFY(!Files::appendOrCreate(path(u"link"_s), "two\n", "whole\n"));
+        QVERIFY(!PosixFiles().appendOrCreate(path(u"link"_s), "two\n", "whole\n"));
         QCOMPARE(contents(path(u"day"_s)), "one\ntwo\n");
         QVERIFY(QFileInfo(path(u"link"_s)).isSymLink());
     }
@@ -125,7 +125,7 @@ private slots:
     void linkInACircle_says()
     {
         QVERIFY(QFile::link(u"circle"_s, path(u"circle"_s)));
-        QCOMPARE(Files::appendOrCreate(path(u"circle"_s), "x", "x"),
+        QCOMPARE(PosixFiles().appendOrCreate(path(u"circle"_s), "x", "x"),
                  std::optional(u"Too many levels of symbolic links"_s));
     }
 
@@ -133,7 +133,7 @@ private slots:
     {
         write("12345");
         const FileSizeLimit limit(10);
-        QCOMPARE(Files::appendOrCreate(path(u"day"_s), "67890abc", "whole"),
+        QCOMPARE(PosixFiles().appendOrCreate(path(u"day"_s), "67890abc", "whole"),
                  std::optional(u"File too large"_s));
         QCOMPARE(contents(path(u"day"_s)), "1234567890");
     }
@@ -145,18 +145,18 @@ private slots:
         QFile reader;
         const int descriptor = ::open(fifo, O_RDONLY | O_NONBLOCK);
         QVERIFY(reader.open(descriptor, QIODevice::ReadOnly, QFile::AutoCloseHandle));
-        QCOMPARE(Files::appendOrCreate(path(u"fifo"_s), "x", "x"),
+        QCOMPARE(PosixFiles().appendOrCreate(path(u"fifo"_s), "x", "x"),
                  std::optional(u"Invalid argument"_s));
     }
 
-    void device_isRefused() { QVERIFY(Files::appendOrCreate(u"/dev/full"_s, "x", "x")); }
+    void device_isRefused() { QVERIFY(PosixFiles().appendOrCreate(u"/dev/full"_s, "x", "x")); }
 
     void lease_isGivenBackInTime()
     {
         write("one\n");
         const Lease lease(QFile::encodeName(path(u"day"_s)));
         QVERIFY(lease.isHeld());
-        QVERIFY(!Files::appendOrCreate(path(u"day"_s), "two\n", "whole\n"));
+        QVERIFY(!PosixFiles().appendOrCreate(path(u"day"_s), "two\n", "whole\n"));
         QVERIFY(!lease.isHeld());
         QCOMPARE(contents(path(u"day"_s)), "one\ntwo\n");
     }
@@ -169,7 +169,7 @@ private slots:
             for (int round = 0; round < rounds; ++round) {
                 const QString file = path(QString::number(round));
                 const QByteArray mark = QByteArray::number(writer) + '\n';
-                if (Files::appendOrCreate(file, mark, "new\n" + mark)) {
+                if (PosixFiles().appendOrCreate(file, mark, "new\n" + mark)) {
                     ++m_failures;
                 }
             }
@@ -194,8 +194,8 @@ private slots:
     void folderThatRemembersThatThereWasNothing_isAskedAnew()
     {
         const QString real = path(u"real"_s);
-        QVERIFY(!Files::ensureDirectory(real));
-        QVERIFY(!Files::ensureDirectory(path(u"mount"_s)));
+        QVERIFY(!PosixFiles().ensureDirectory(real));
+        QVERIFY(!PosixFiles().ensureDirectory(path(u"mount"_s)));
         if (QProcess::execute(u"bindfs"_s,
                               {u"-o"_s, u"negative_timeout=600"_s, real, path(u"mount"_s)})
             != 0) {
@@ -209,7 +209,7 @@ private slots:
         QVERIFY(theirs.open(QIODevice::WriteOnly) && theirs.write("theirs\n") == 7);
         theirs.close();
         QVERIFY2(!QFile::exists(path(u"mount/day"_s)), "the mount remembers nothing");
-        QVERIFY(!Files::appendOrCreate(path(u"mount/day"_s), "added\n", "whole\n"));
+        QVERIFY(!PosixFiles().appendOrCreate(path(u"mount/day"_s), "added\n", "whole\n"));
         QCOMPARE(contents(path(u"real/day"_s)), "theirs\nadded\n");
         QCOMPARE(QDir(real).entryList(QDir::Files | QDir::Hidden), QStringList{u"day"_s});
     }
@@ -224,25 +224,26 @@ private slots:
     void nameThatIsNoName_isRefused()
     {
         QFETCH(const QString, name);
-        QVERIFY(Files::appendOrCreate(path(name), "x", "x"));
-        QVERIFY(Files::ensureDirectory(path(name)));
+        QVERIFY(PosixFiles().appendOrCreate(path(name), "x", "x"));
+        QVERIFY(PosixFiles().ensureDirectory(path(name)));
         QCOMPARE(names(), QStringList());
     }
 
     void directories_areMade_orLeftAlone()
     {
-        QVERIFY(!Files::ensureDirectory(path(u"a/b/c"_s)));
+        QVERIFY(!PosixFiles().ensureDirectory(path(u"a/b/c"_s)));
         QVERIFY(QFileInfo(path(u"a/b/c"_s)).isDir());
-        QVERIFY(!Files::ensureDirectory(path(u"a/b"_s)));
+        QVERIFY(!PosixFiles().ensureDirectory(path(u"a/b"_s)));
         write("x");
-        QVERIFY(!Files::ensureDirectory(path(u"day"_s)));
+        QVERIFY(!PosixFiles().ensureDirectory(path(u"day"_s)));
         QCOMPARE(contents(path(u"day"_s)), "x");
     }
 
     void directories_throughAFile_say()
     {
         write("x");
-        QCOMPARE(Files::ensureDirectory(path(u"day/a/b"_s)), std::optional(u"Not a directory"_s));
+        QCOMPARE(PosixFiles().ensureDirectory(path(u"day/a/b"_s)),
+                 std::optional(u"Not a directory"_s));
     }
 
 private:

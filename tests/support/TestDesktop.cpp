@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/TestDesktop.h"
 
+#include "platform/generic/PosixFiles.h"
 #include "support/TimeZone.h"
 
 namespace
@@ -149,6 +150,21 @@ private:
     const TestDesktop &m_desktop;
 };
 
+class TestProgram final : public Program
+{
+public:
+    explicit TestProgram(TestDesktop &desktop)
+        : m_desktop(desktop)
+    {
+    }
+    [[nodiscard]] QString path() const override { return QStringLiteral("/usr/bin/tovla"); }
+    [[nodiscard]] bool canRestart() const override { return m_desktop.canRestart; }
+    void restart() override { ++m_desktop.restarts; }
+
+private:
+    TestDesktop &m_desktop;
+};
+
 class NotedUpdates final : public Updates
 {
 public:
@@ -238,6 +254,8 @@ Desktop TestDesktop::capabilities()
     Desktop desktop;
     desktop.clock = std::make_unique<TestClock>(*this);
     desktop.timers = std::make_unique<TestTimers>(*this);
+    desktop.program = std::make_unique<TestProgram>(*this);
+    desktop.files = std::make_unique<PosixFiles>();
     desktop.preferences = std::make_unique<StoreInMemory>(*this);
     desktop.alerts = std::make_unique<NotedAlerts>(*this);
     desktop.sounds = std::make_unique<NotedSounds>(*this);

@@ -54,6 +54,9 @@ public:
     UpdateState updateState;
     void setUpdateState(const UpdateState &state);
 
+    bool canRestart = true;
+    int restarts = 0;
+
     bool isComposited = true;
     void setComposited(bool composited);
     ColorScheme colorScheme = ColorScheme::Light;

@@ -144,11 +144,35 @@ private slots:
 
     void restart_thatCannotBe_isTold()
     {
-        // No path is remembered in a test, so there is nothing to start.
+        m_desktop->canRestart = false;
         check({.stage = Stage::updated});
         QTest::keyClick(window(), Qt::Key_Return);
         QCOMPARE(m_desktop->alerts.constLast().informativeText,
                  u"The new version will be available next time."_s);
+    }
+
+    void restart_waitsForTheNote_howeverItEnds()
+    {
+        check({.stage = Stage::updated});
+        (*m_state)->showPrompt();
+        QTest::keyClick(window(), Qt::Key_Return);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_desktop->restarts, 0);
+        m_state->promptWindow()->close(); // as its close button does
+        QTRY_COMPARE(m_desktop->restarts, 1);
+    }
+
+    void restart_neverComesUnderAPromptThatIsSeen()
+    {
+        check({.stage = Stage::updated});
+        (*m_state)->showPrompt();
+        QTest::keyClick(window(), Qt::Key_Return);
+        m_state->promptWindow()->close();
+        (*m_state)->showPrompt(); // before the restart could come
+        QCoreApplication::processEvents();
+        QCOMPARE(m_desktop->restarts, 0);
+        m_state->promptWindow()->close();
+        QTRY_COMPARE(m_desktop->restarts, 1);
     }
 
     void textsOfOthers_arePlain_andReadOnly()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/Files.h"
+#include "platform/generic/PosixFiles.h"
 
 #include <QFile>
 #include <QRandomGenerator>
@@ -67,8 +67,9 @@ Files::Failure checkName(const QString &path)
     if (path.contains(QChar::Null)) { // the system would take it for the end
         return failure(EINVAL);
     }
-    return Files::isFaithful(path) ? std::nullopt
-                                   : std::optional(QStringLiteral("Its name is not valid UTF-8"));
+    return PosixFiles().isFaithful(path)
+        ? std::nullopt
+        : std::optional(QStringLiteral("Its name is not valid UTF-8"));
 }
 
 /// What a file system answers that does not have the operation at all.
@@ -166,14 +167,22 @@ int followLinks(QByteArray &path)
     return ELOOP;
 }
 
+int renameWithoutReplacing(const QByteArray &from, const QByteArray &to)
+{
+#ifdef RENAME_NOREPLACE
+    return ::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0 ? 0 : errno;
+#else
+    Q_UNUSED(from);
+    Q_UNUSED(to);
+    return ENOSYS;
+#endif
+}
+
 /// EEXIST when something is there.
 int renameToNothing(const QByteArray &temporary, const QByteArray &path)
 {
-    if (::renameat2(AT_FDCWD, temporary, AT_FDCWD, path, RENAME_NOREPLACE) == 0) {
-        return 0;
-    }
-    const int refusal = errno;
-    if (refusal != EEXIST && !isUnsupported(refusal)) {
+    const int refusal = renameWithoutReplacing(temporary, path);
+    if (refusal == 0 || (refusal != EEXIST && !isUnsupported(refusal))) {
         return refusal;
     }
     // Asked even when something is there: a network file system may remember for a minute that
@@ -232,12 +241,12 @@ int create(QByteArray path, const QByteArray &bytes)
 }
 } // namespace
 
-bool Files::isFaithful(const QString &path)
+bool PosixFiles::isFaithful(const QString &path) const
 {
     return path.isValidUtf16() && !path.contains(QChar::ReplacementCharacter);
 }
 
-Files::Failure Files::ensureDirectory(const QString &path)
+Files::Failure PosixFiles::ensureDirectory(const QString &path)
 {
     if (auto problem = checkName(path)) {
         return problem;
@@ -256,8 +265,8 @@ Files::Failure Files::ensureDirectory(const QString &path)
     return failure(error.value());
 }
 
-Files::Failure Files::appendOrCreate(const QString &path, const QByteArray &addition,
-                                     const QByteArray &whole)
+Files::Failure PosixFiles::appendOrCreate(const QString &path, const QByteArray &addition,
+                                          const QByteArray &whole)
 {
     if (auto problem = checkName(path)) {
         return problem;

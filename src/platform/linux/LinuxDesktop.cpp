@@ -1,24 +1,36 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Desktop.h"
-#include "platform/Process.h"
-#include "platform/linux/kernel/BootTimeTimers.h"
-#include "platform/linux/sound/CanberraSounds.h"
 #include "platform/generic/FileDialogFolderChooser.h"
 #include "platform/generic/MessageBoxAlerts.h"
-#include "platform/linux/packagekit/PackageKitUpdates.h"
-#include "platform/linux/bus/PortalAppearance.h"
+#include "platform/generic/PosixFiles.h"
 #include "platform/generic/PreferencesFile.h"
+#include "platform/linux/bus/BusRunningCopy.h"
+#include "platform/linux/bus/PortalAppearance.h"
+#include "platform/linux/kernel/BootTimeTimers.h"
+#include "platform/linux/kernel/LinuxProgram.h"
 #include "platform/linux/kernel/SystemClock.h"
+#include "platform/linux/packagekit/PackageKitUpdates.h"
+#include "platform/linux/sound/CanberraSounds.h"
+#include "platform/linux/tray/LinuxTray.h"
 #include "platform/linux/x11/X11Compositor.h"
 #include "platform/linux/x11/X11Windows.h"
 
 #include <QCoreApplication>
 
+void Desktop::prepare()
+{
+    LinuxProgram::prepare();
+}
+
 Desktop Desktop::ofThisPlatform()
 {
     Desktop desktop;
+    desktop.program = std::make_unique<LinuxProgram>();
+    desktop.runningCopy = std::make_unique<BusRunningCopy>();
+    desktop.tray = std::make_unique<LinuxTray>();
     desktop.clock = std::make_unique<SystemClock>();
     desktop.timers = std::make_unique<BootTimeTimers>();
+    desktop.files = std::make_unique<PosixFiles>();
     desktop.preferences = std::make_unique<PreferencesFile>(PreferencesFile::userPath());
     desktop.sounds = std::make_unique<CanberraSounds>();
     desktop.windows = std::make_unique<X11Windows>();
@@ -26,7 +38,12 @@ Desktop Desktop::ofThisPlatform()
     desktop.compositor = std::make_unique<X11Compositor>();
     desktop.appearance = std::make_unique<PortalAppearance>();
     desktop.folderChooser = std::make_unique<FileDialogFolderChooser>(*desktop.windows);
-    desktop.updates = std::make_unique<PackageKitUpdates>(Process::programPath(),
+    desktop.updates = std::make_unique<PackageKitUpdates>(desktop.program->path(),
                                                           QCoreApplication::applicationVersion());
     return desktop;
+}
+
+int Desktop::end(int exitStatus, char **argv)
+{
+    return LinuxProgram::end(exitStatus, argv);
 }

@@ -20,11 +20,6 @@ constexpr uint doNotQueue = 4;
 constexpr uint isOwnedByAnother = 3;
 } // namespace
 
-std::unique_ptr<RunningCopy> RunningCopy::ofThisPlatform()
-{
-    return std::make_unique<BusRunningCopy>();
-}
-
 BusRunningCopy::BusRunningCopy()
     : m_wasStartedByBus(qEnvironmentVariableIsSet("DBUS_STARTER_BUS_TYPE"))
 {

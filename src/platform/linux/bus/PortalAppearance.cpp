@@ -7,9 +7,6 @@
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
-#include <QEvent>
-#include <QGuiApplication>
-#include <QPalette>
 
 namespace
 {
@@ -72,7 +69,6 @@ std::optional<ColorScheme> colorSchemeFrom(const QVariant &value)
 
 PortalAppearance::PortalAppearance()
 {
-    qGuiApp->installEventFilter(this);
     if (!QDBusConnection::sessionBus().isConnected()) {
         return;
     }
@@ -92,18 +88,7 @@ PortalAppearance::PortalAppearance()
 
 ColorScheme PortalAppearance::colorScheme() const
 {
-    constexpr int middleLightness = 128;
-    return m_colorScheme.value_or(qGuiApp->palette().window().color().lightness() < middleLightness
-                                      ? ColorScheme::Dark
-                                      : ColorScheme::Light);
-}
-
-bool PortalAppearance::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange) {
-        emit changed();
-    }
-    return false;
+    return m_colorScheme.value_or(ToolkitAppearance::colorScheme());
 }
 
 void PortalAppearance::readColorScheme()

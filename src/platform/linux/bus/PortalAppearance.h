@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Appearance.h"
+#include "platform/generic/ToolkitAppearance.h"
 
 #include <QDBusMessage>
 #include <QVariant>
@@ -11,7 +11,7 @@
 /// What the desktop's settings portal tells of the user's taste (org.freedesktop.appearance), kept
 /// current by its signal. While there is no portal, or no answer yet, the palette tells light from
 /// dark.
-class PortalAppearance final : public Appearance
+class PortalAppearance final : public ToolkitAppearance
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(PortalAppearance)
@@ -32,7 +32,6 @@ private slots:
     void settingChanged(const QDBusMessage &message);
 
 private:
-    bool eventFilter(QObject *watched, QEvent *event) override;
     void readColorScheme();
     void readRest();
     void read(const QString &space, const QString &key);

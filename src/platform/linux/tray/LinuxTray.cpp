@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/tray/LinuxTray.h"
 
-#include "platform/linux/x11/SelectionOwner.h"
+#include "platform/generic/ToolkitTray.h"
 #include "platform/linux/tray/BusMenu.h"
 #include "platform/linux/tray/ScreenPlace.h"
 #include "platform/linux/tray/StatusNotifierItem.h"
 #include "platform/linux/tray/StatusNotifierWatcher.h"
+#include "platform/linux/x11/SelectionOwner.h"
 
 #include <QCursor>
 #include <QDBusConnection>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QMenu>
-#include <QPalette>
-#include <QSystemTrayIcon>
 #include <QTimer>
 
 #include <chrono>
@@ -39,17 +38,9 @@ QColor foreground()
     const bool isGnome = qEnvironmentVariable("XDG_CURRENT_DESKTOP")
                              .split(u':')
                              .contains(QStringLiteral("GNOME"), Qt::CaseInsensitive);
-    constexpr int middleLightness = 128;
-    const bool isDark
-        = isGnome || qGuiApp->palette().window().color().lightness() < middleLightness;
-    return isDark ? Qt::white : Qt::black;
+    return isGnome ? QColor(Qt::white) : ToolkitTray::foregroundOfPalette();
 }
 } // namespace
-
-std::unique_ptr<Tray> Tray::ofThisPlatform()
-{
-    return std::make_unique<LinuxTray>();
-}
 
 LinuxTray::LinuxTray() = default;
 LinuxTray::~LinuxTray() = default;
@@ -102,22 +93,9 @@ void LinuxTray::considerOldTray()
         connect(m_oldTray, &SelectionOwner::changed, this, &LinuxTray::considerOldTray);
     }
     if (m_oldTray->exists() && !m_oldIcon) {
-        showInOldTray();
+        m_oldIcon = std::make_unique<ToolkitTray>(foreground);
+        m_oldIcon->show(m_item);
     }
-}
-
-void LinuxTray::showInOldTray()
-{
-    m_oldIcon = std::make_unique<QSystemTrayIcon>(m_item.icon(foreground()));
-    m_oldIcon->setToolTip(m_item.title);
-    m_oldIcon->setContextMenu(m_item.menu);
-    connect(m_oldIcon.get(), &QSystemTrayIcon::activated, this,
-            [this](QSystemTrayIcon::ActivationReason reason) {
-                if (reason != QSystemTrayIcon::Context) {
-                    m_item.menu->popup(QCursor::pos());
-                }
-            });
-    m_oldIcon->show();
 }
 
 bool LinuxTray::eventFilter(QObject *watched, QEvent *event)
@@ -130,12 +108,8 @@ bool LinuxTray::eventFilter(QObject *watched, QEvent *event)
 
 void LinuxTray::updateIcon()
 {
-    const QIcon icon = m_item.icon(foreground());
     if (m_notifierItem) {
-        m_notifierItem->setIcon(icon);
-    }
-    if (m_oldIcon) {
-        m_oldIcon->setIcon(icon);
+        m_notifierItem->setIcon(m_item.icon(foreground()));
     }
 }
 

@@ -5,10 +5,10 @@
 
 #include <memory>
 
-class QSystemTrayIcon;
 class SelectionOwner;
 class StatusNotifierItem;
 class StatusNotifierWatcher;
+class ToolkitTray;
 
 /// An item on the session bus for the StatusNotifier hosts of today's desktops; while there are
 /// none, an icon in a tray of the old protocol on the X server.
@@ -28,7 +28,6 @@ private:
     void exportItem();
     void waitForOldTray();
     void considerOldTray();
-    void showInOldTray();
     void updateIcon();
     void popUpMenu(const QPoint &nativePlace);
 
@@ -36,5 +35,5 @@ private:
     StatusNotifierItem *m_notifierItem = nullptr;
     StatusNotifierWatcher *m_watcher = nullptr;
     SelectionOwner *m_oldTray = nullptr;
-    std::unique_ptr<QSystemTrayIcon> m_oldIcon;
+    std::unique_ptr<ToolkitTray> m_oldIcon;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/Process.h"
+#include "platform/linux/kernel/LinuxProgram.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -72,7 +72,7 @@ void endOnSignals()
 }
 } // namespace
 
-void Process::prepare()
+void LinuxProgram::prepare()
 {
     ownPath() = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
     // Wayland lets no window place, raise or float itself; through XWayland ours can.
@@ -90,17 +90,17 @@ void Process::prepare()
     pthread_sigmask(SIG_BLOCK, &ending, nullptr);
 }
 
-QString Process::programPath()
+QString LinuxProgram::path() const
 {
     return ownPath();
 }
 
-bool Process::canRestart()
+bool LinuxProgram::canRestart() const
 {
-    return access(QFile::encodeName(programPath()), X_OK) == 0;
+    return access(QFile::encodeName(ownPath()), X_OK) == 0;
 }
 
-void Process::restart()
+void LinuxProgram::restart()
 {
     if (!isEnding) {
         isRestartWanted = true;
@@ -108,7 +108,7 @@ void Process::restart()
     }
 }
 
-int Process::end(int exitStatus, char **argv)
+int LinuxProgram::end(int exitStatus, char **argv)
 {
     if (isRestartWanted) {
         // This closes all connections, and with them frees the name of the one running copy before
@@ -116,13 +116,13 @@ int Process::end(int exitStatus, char **argv)
         // That the bus started the old one means nothing for the new one.
         qunsetenv("DBUS_STARTER_BUS_TYPE");
         qunsetenv("DBUS_STARTER_ADDRESS");
-        execv(QFile::encodeName(programPath()), argv);
+        execv(QFile::encodeName(ownPath()), argv);
         std::perror("tovla: could not be started again");
     }
     return exitStatus;
 }
 
-void Process::endOnRequest()
+LinuxProgram::LinuxProgram()
 {
     qGuiApp->installEventFilter(new EndWatcher(qGuiApp));
     stayOutOfSavedSessions();

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Clock.h"
+
+/// The system's clock; that it was set, or the zone changed, is not noticed.
+class PlainClock final : public Clock
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(PlainClock)
+
+public:
+    PlainClock() = default;
+
+    [[nodiscard]] QDateTime now() const override { return QDateTime::currentDateTimeUtc(); }
+};

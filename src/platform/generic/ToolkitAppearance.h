@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Appearance.h"
+
+class QPalette;
+
+/// What the toolkit's own palette tells of the desktop's look, which is whether it is dark.
+class ToolkitAppearance : public Appearance
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(ToolkitAppearance)
+
+public:
+    /// By the background of windows.
+    [[nodiscard]] static ColorScheme schemeOf(const QPalette &palette);
+
+    ToolkitAppearance();
+
+    [[nodiscard]] ColorScheme colorScheme() const override;
+    [[nodiscard]] QColor accent() const override { return {}; }
+    [[nodiscard]] bool wantsHighContrast() const override { return false; }
+    [[nodiscard]] bool wantsReducedMotion() const override { return false; }
+    void windowsWillOpen() override { }
+
+private:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+};
