@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# shellcheck shell=bash disable=SC2034 # to be sourced by scripts/session
+# shellcheck shell=bash disable=SC2034,SC2154 # to be sourced by scripts/session
 packages="cinnamon cinnamon-session gnome-text-editor adwaita-icon-theme gnome-themes-extra xdg-desktop-portal-xapp
     xapps-common dbus-x11"
 session_type=x11
