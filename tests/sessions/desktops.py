@@ -76,5 +76,5 @@ DESKTOPS = {
     "cinnamon": Desktop("cinnamon", "cinnamon", ["gnome-text-editor", TEXT]),
     "lxqt": Desktop("lxqt-panel", "lxqt-panel", ["featherpad", TEXT]),
     "sway": Desktop("sway", "waybar", ["foot"], make_windows=SwayWindows),
-    "labwc": Desktop("labwc", "waybar", ["foot"]),
+    "labwc": Desktop("labwc", "waybar", ["xterm"]),
 }

@@ -4,6 +4,8 @@ import subprocess
 from datetime import date
 from pathlib import Path
 
+import dbus
+
 from report import Failed
 from waiting import comes, wait_for
 
@@ -19,7 +21,8 @@ def pid():
 def start():
     """As a desktop does that runs it at login."""
     subprocess.run(["systemd-run", "--user", "--quiet", "tovla"], check=True)
-    wait_for(pid, "the program to run")
+    # Until it has its name: an action asked for earlier would start a second one.
+    wait_for(lambda: dbus.SessionBus().name_has_owner(APPLICATION), "the program on the bus")
 
 
 def act(action):

@@ -158,8 +158,10 @@ class TrayChecks:
 
     def close_menu(self, before, strip):
         """True if it went as menus do; if it did not, the program is started anew."""
-        for close in (lambda: self.screen.press("Escape"), lambda: self.screen.click(300, 600)):
-            close()
+        # A click on some desktops opens a menu of their own, which the second Escape closes.
+        for close, *arguments in ((self.screen.press, "Escape"), (self.screen.click, 300, 600),
+                                  (self.screen.press, "Escape")):
+            close(*arguments)
             if comes(lambda: not changed_box(before, self.screen.picture(), strip), 3):
                 return True
         program.kill()

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# shellcheck shell=bash disable=SC2034 # to be sourced by scripts/session
+# shellcheck shell=bash disable=SC2034,SC2154 # to be sourced by scripts/session
 # GNOME as it comes from its makers, without a tray.
 . tests/sessions/desktops/gnome.sh
 extensions=""

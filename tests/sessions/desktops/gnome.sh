@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# shellcheck shell=bash disable=SC2034 # to be sourced by scripts/session
+# shellcheck shell=bash disable=SC2034,SC2154 # to be sourced by scripts/session
 packages="gnome-session gnome-shell xwayland gnome-text-editor gnome-shell-extension-appindicator
     xdg-desktop-portal-gnome xdg-desktop-portal-gtk adwaita-icon-theme"
 session_type=wayland

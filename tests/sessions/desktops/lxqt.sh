@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# shellcheck shell=bash disable=SC2034 # to be sourced by scripts/session
+# shellcheck shell=bash disable=SC2034,SC2154 # to be sourced by scripts/session
 packages="lxqt-core lxqt-themes openbox obconf-qt featherpad breeze-icon-theme papirus-icon-theme lxqt-notificationd
     xdg-desktop-portal-lxqt xdg-desktop-portal dbus-x11 pcmanfm-qt"
 session_type=x11

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# shellcheck shell=bash disable=SC2034 # to be sourced by scripts/session
+# shellcheck shell=bash disable=SC2034,SC2154 # to be sourced by scripts/session
 packages="plasma-desktop plasma-workspace kwin-wayland xwayland kwrite breeze breeze-icon-theme
     xdg-desktop-portal-kde"
 session_type=wayland

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# shellcheck shell=bash disable=SC2034 # to be sourced by scripts/session
+# shellcheck shell=bash disable=SC2034,SC2154 # to be sourced by scripts/session
 packages="sway waybar foot xwayland xdg-desktop-portal xdg-desktop-portal-gtk xdg-desktop-portal-wlr
     adwaita-icon-theme fonts-font-awesome"
 session_type=wayland

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# shellcheck shell=bash disable=SC2034 # to be sourced by scripts/session
+# shellcheck shell=bash disable=SC2034,SC2154 # to be sourced by scripts/session
 packages="xfce4 mousepad gnome-themes-extra adwaita-icon-theme xdg-desktop-portal xdg-desktop-portal-gtk
     dbus-x11 xfconf"
 session_type=x11
