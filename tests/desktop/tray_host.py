@@ -33,8 +33,9 @@ INTROSPECTION = f"""<node><interface name="{SERVICE}">
 
 
 class TrayHost(dbus.service.Object):
-    def __init__(self, has_host=True, address=None, replaces=False):
+    def __init__(self, has_host=True, address=None, replaces=False, is_strict=True):
         """On the session bus, or on the one of that address; may take the name over."""
+        self.is_strict = is_strict
         loop = DBusGMainLoop()
         self.bus = (dbus.bus.BusConnection(address, mainloop=loop) if address
                     else dbus.SessionBus(mainloop=loop))
@@ -102,7 +103,7 @@ class TrayHost(dbus.service.Object):
         for name in reversed(self.items):
             try:
                 if daemon.GetConnectionUnixProcessID(name) == pid:
-                    return TrayItem(self.bus, name)
+                    return TrayItem(self.bus, name, self.is_strict)
             except dbus.DBusException:
                 continue  # the item has gone meanwhile
         return None
@@ -111,12 +112,20 @@ class TrayHost(dbus.service.Object):
 class TrayItem:
     """What the host draws of an item, and what the user can do with it."""
 
-    def __init__(self, bus, name):
+    def __init__(self, bus, name, is_strict):
         self.name = name
         self.bus = bus
         self.item = bus.get_object(name, ITEM_PATH)
-        assert self.property("Menu") == MENU_PATH
         menu = bus.get_object(name, MENU_PATH)
+        if is_strict:
+            self.check(menu)
+        self.menu = dbus.Interface(menu, MENU_INTERFACE)
+        self.updates = []
+        self.menu.connect_to_signal("ItemsPropertiesUpdated",
+                                    lambda updated, _removed: self.updates.extend(updated))
+
+    def check(self, menu):
+        assert self.property("Menu") == MENU_PATH
         assert properties_of(menu, MENU_INTERFACE).keys() >= {"Version", "TextDirection", "Status"}
         assert members_of(menu, MENU_INTERFACE) >= {
             "GetLayout", "GetGroupProperties", "GetProperty", "Event", "EventGroup", "AboutToShow",
@@ -124,10 +133,6 @@ class TrayItem:
         assert members_of(self.item, ITEM_INTERFACE) >= {
             "Activate", "ContextMenu", "SecondaryActivate", "Scroll", "ProvideXdgActivationToken",
             "NewTitle", "NewIcon", "NewToolTip", "NewStatus"}
-        self.menu = dbus.Interface(menu, MENU_INTERFACE)
-        self.updates = []
-        self.menu.connect_to_signal("ItemsPropertiesUpdated",
-                                    lambda updated, _removed: self.updates.extend(updated))
 
     def property(self, name):
         return properties_of(self.item, ITEM_INTERFACE)[name]
