@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: MIT
+# shellcheck shell=bash disable=SC2034 # the lists are for those who source this
 # To be sourced: what Tovla needs from Debian, and how what is missing is installed.
 
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-tools-dev qt6-tools-dev-tools
@@ -11,7 +12,7 @@ virtual_desktop_packages="xvfb openbox picom dbus dbus-daemon xfce4-panel xdotoo
 test_packages="$virtual_desktop_packages at-spi2-core gir1.2-atspi-2.0 python3-dbus python3-gi
     python3-numpy libglib2.0-bin xterm tint2 x11-xserver-utils libfaketime strace fonts-dejavu-core pulseaudio
     pulseaudio-utils bindfs python3-xlib"
-check_packages="clang clang-format clang-tidy libclang-rt-dev valgrind"
+check_packages="clang clang-format clang-tidy libclang-rt-dev valgrind shellcheck"
 package_packages="dpkg-dev file git"
 publish_packages="dpkg-dev xz-utils gpg gpg-agent gpgv"
 package_check_packages="lintian appstream desktop-file-utils mmdebstrap"
