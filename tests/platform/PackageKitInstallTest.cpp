@@ -102,7 +102,7 @@ private slots:
                         step(8, 75, true, 1000), step(10, 80, false, 0)}}}};
         check();
         QList<UpdateState> seen;
-        connect(m_updates.get(), &Updates::changed, this, [&] { seen.append(state()); });
+        connect(m_updates.get(), &UpdateSession::changed, this, [&] { seen.append(state()); });
         install();
         const auto find = [&seen](auto condition) {
             return std::find_if(seen.cbegin(), seen.cend(), condition);
