@@ -210,8 +210,8 @@
         <translation>Your system does not follow a software source for %1, so newer versions cannot be found.</translation>
     </message>
     <message>
-        <source>The system&apos;s update service (PackageKit) is not available. Use your software manager to update %1.</source>
-        <translation>The system&apos;s update service (PackageKit) is not available. Use your software manager to update %1.</translation>
+        <source>The system&apos;s update service is not available. Use your software manager to update %1.</source>
+        <translation>The system&apos;s update service is not available. Use your software manager to update %1.</translation>
     </message>
     <message>
         <source>No network connection. Please try again when you are online.</source>

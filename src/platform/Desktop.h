@@ -7,13 +7,13 @@
 #include "platform/Compositor.h"
 #include "platform/Files.h"
 #include "platform/FolderChooser.h"
+#include "platform/PackageManager.h"
 #include "platform/Preferences.h"
 #include "platform/Program.h"
 #include "platform/RunningCopy.h"
 #include "platform/Sounds.h"
 #include "platform/Timers.h"
 #include "platform/Tray.h"
-#include "platform/Updates.h"
 #include "platform/Windows.h"
 
 #include <memory>
@@ -33,7 +33,7 @@ struct Desktop {
     std::unique_ptr<Compositor> compositor;
     std::unique_ptr<Appearance> appearance;
     std::unique_ptr<FolderChooser> folderChooser;
-    std::unique_ptr<Updates> updates;
+    std::unique_ptr<PackageManager> packageManager;
 
     /// Called first in main, before the application object is made.
     static void prepare();

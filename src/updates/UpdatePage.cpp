@@ -105,8 +105,8 @@ QString failureText(Failure failure, const QString &runningVersion)
                          "cannot be found.")
             .arg(programName);
     case Failure::noService:
-        return Texts::tr("The system's update service (PackageKit) is not available. Use your "
-                         "software manager to update %1.")
+        return Texts::tr("The system's update service is not available. Use your software manager "
+                         "to update %1.")
             .arg(programName);
     case Failure::offline:
         return Texts::tr("No network connection. Please try again when you are online.");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Updates.h"
+#include "updates/UpdateState.h"
 
 #include <QLocale>
 

@@ -10,6 +10,7 @@
 #include "platform/Desktop.h"
 #include "updates/ProgressBar.h"
 #include "updates/TextBox.h"
+#include "updates/UpdateSession.h"
 
 #include <QAccessible>
 #include <QCloseEvent>
@@ -53,10 +54,10 @@ void showButton(QPushButton &button, const UpdatePage::Button &contents)
 }
 } // namespace
 
-UpdateWindow::UpdateWindow(const Desktop &desktop)
+UpdateWindow::UpdateWindow(const Desktop &desktop, UpdateSession &session)
     : PanelWindow(tr("Software Update"), QAccessible::Dialog)
     , m_desktop(desktop)
-    , m_updates(*desktop.updates)
+    , m_session(session)
     , m_column(new QVBoxLayout)
     , m_headline(addText(FontSizes::headline, QPalette::WindowText))
     , m_text(addText(FontSizes::body, QPalette::WindowText))
@@ -70,7 +71,7 @@ UpdateWindow::UpdateWindow(const Desktop &desktop)
     , m_primary(new DialogButton(this))
 {
     layOut();
-    connect(&m_updates, &Updates::changed, this, &UpdateWindow::refresh);
+    connect(&m_session, &UpdateSession::changed, this, &UpdateWindow::refresh);
     connect(desktop.appearance.get(), &Appearance::changed, this, &UpdateWindow::updateLook);
     updateLook();
     refresh();
@@ -141,11 +142,11 @@ void UpdateWindow::updateLook()
 
 void UpdateWindow::refresh()
 {
-    if (m_updates.state().stage == UpdateState::Stage::idle) {
+    if (m_session.state().stage == UpdateState::Stage::idle) {
         hide();
         return;
     }
-    showPage(UpdatePage::of(m_updates.state(),
+    showPage(UpdatePage::of(m_session.state(),
                             {QCoreApplication::applicationVersion(), m_desktop.program->path()},
                             QLocale::system()));
 }
@@ -190,10 +191,10 @@ void UpdateWindow::perform(Action action)
         close();
         break;
     case Action::cancel:
-        m_updates.cancel();
+        m_session.cancel();
         break;
     case Action::install:
-        m_updates.install();
+        m_session.install();
         break;
     case Action::restart:
         hide();
@@ -211,7 +212,7 @@ void UpdateWindow::tellScreenReader()
 void UpdateWindow::closeEvent(QCloseEvent *event)
 {
     // What cannot be stopped goes on, and the menu's item brings it back to sight.
-    m_updates.cancel();
+    m_session.cancel();
     QWidget::closeEvent(event);
 }
 

@@ -12,6 +12,7 @@ class QLabel;
 class QPushButton;
 class QVBoxLayout;
 class TextBox;
+class UpdateSession;
 
 /// The one window in which updates are looked for, offered and installed. It shows the page of the
 /// state that they are in and decides nothing.
@@ -21,8 +22,8 @@ class UpdateWindow final : public PanelWindow
     Q_DISABLE_COPY_MOVE(UpdateWindow)
 
 public:
-    /// @p desktop must outlive the window.
-    explicit UpdateWindow(const Desktop &desktop);
+    /// @p desktop and @p session must outlive the window.
+    UpdateWindow(const Desktop &desktop, UpdateSession &session);
 
 signals:
     /// The user wants the program to start again.
@@ -43,7 +44,7 @@ private:
     void tellScreenReader();
 
     const Desktop &m_desktop;
-    Updates &m_updates;
+    UpdateSession &m_session;
     UpdatePage m_page;
     QVBoxLayout *m_column;
     QLabel *m_headline;

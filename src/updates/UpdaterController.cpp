@@ -2,8 +2,10 @@
 #include "updates/UpdaterController.h"
 
 #include "core/AppState.h"
+#include "updates/UpdateSession.h"
 #include "updates/UpdateWindow.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QWidget>
 
@@ -19,10 +21,13 @@ UpdaterController::~UpdaterController() = default;
 void UpdaterController::checkForUpdates()
 {
     const Desktop &desktop = m_state().desktop();
+    if (!m_session) {
+        makeSession(desktop);
+    }
     const bool waitsForAnswer = m_window && m_window->isVisible()
-        && desktop.updates->state().stage == UpdateState::Stage::available;
+        && m_session->state().stage == UpdateState::Stage::available;
     if (!waitsForAnswer) {
-        desktop.updates->check();
+        m_session->check();
     }
     if (!m_window) {
         makeWindow(desktop);
@@ -30,23 +35,28 @@ void UpdaterController::checkForUpdates()
     desktop.windows->present(*m_window);
 }
 
+void UpdaterController::makeSession(const Desktop &desktop)
+{
+    m_session = std::make_unique<UpdateSession>(*desktop.packageManager, desktop.program->path(),
+                                                QCoreApplication::applicationVersion());
+}
+
 void UpdaterController::makeWindow(const Desktop &desktop)
 {
     desktop.appearance->windowsWillOpen();
-    m_window = std::make_unique<UpdateWindow>(desktop);
-    m_isUnderWay = desktop.updates->state().isUnderWay();
+    m_window = std::make_unique<UpdateWindow>(desktop, *m_session);
+    m_isUnderWay = m_session->state().isUnderWay();
     connect(m_window.get(), &UpdateWindow::restartRequested, this, &UpdaterController::restart);
-    connect(desktop.updates.get(), &Updates::changed, this, &UpdaterController::showOutcome);
+    connect(m_session.get(), &UpdateSession::changed, this, &UpdaterController::showOutcome);
 }
 
 void UpdaterController::showOutcome()
 {
-    const Desktop &desktop = m_state().desktop();
-    const UpdateState &state = desktop.updates->state();
+    const UpdateState &state = m_session->state();
     const bool hasEnded = std::exchange(m_isUnderWay, state.isUnderWay()) && !m_isUnderWay;
     // Of an installation whose window was closed meanwhile.
     if (hasEnded && state.stage != UpdateState::Stage::idle && !m_window->isVisible()) {
-        desktop.windows->present(*m_window);
+        m_state().desktop().windows->present(*m_window);
     }
 }
 

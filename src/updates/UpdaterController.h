@@ -6,6 +6,7 @@
 #include <memory>
 
 class AppState;
+class UpdateSession;
 class UpdateWindow;
 struct Desktop;
 
@@ -28,11 +29,13 @@ public:
 
 private:
     bool eventFilter(QObject *prompt, QEvent *event) override;
+    void makeSession(const Desktop &desktop);
     void makeWindow(const Desktop &desktop);
     void showOutcome();
     void restart();
 
     AppState &(*m_state)();
+    std::unique_ptr<UpdateSession> m_session;
     std::unique_ptr<UpdateWindow> m_window;
     bool m_isUnderWay = false;
 };

@@ -145,8 +145,8 @@ class UpdatesTest(DesktopCase):
         self.wait_until_closed()
         self.service.stop()
         self.item.click("Check for Updates…")
-        accessibility.find("The system's update service (PackageKit) is not available. Use your "
-                           "software manager to update Tovla.")
+        accessibility.find("The system's update service is not available. Use your software "
+                           "manager to update Tovla.")
 
 
 if __name__ == "__main__":

@@ -99,11 +99,11 @@ private slots:
         QObject stranger;
         setApplicationDelegate(&stranger);
         check->trigger();
-        QCOMPARE(desktop.updateLog, QStringList());
+        QCOMPARE(desktop.packageManager->asked, QStringList());
 
         setApplicationDelegate(&delegate);
         check->trigger();
-        QCOMPARE(desktop.updateLog, QStringList{u"check"_s});
+        QCOMPARE(desktop.packageManager->asked, QStringList{u"findPackageOf"_s});
     }
 };
 

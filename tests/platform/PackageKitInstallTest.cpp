@@ -2,6 +2,7 @@
 #include "support/PackageKitFixture.h"
 
 #include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -102,7 +103,7 @@ private slots:
                         step(8, 75, true, 1000), step(10, 80, false, 0)}}}};
         check();
         QList<UpdateState> seen;
-        connect(m_updates.get(), &Updates::changed, this, [&] { seen.append(state()); });
+        connect(m_updates.get(), &UpdateSession::changed, this, [&] { seen.append(state()); });
         install();
         const auto find = [&seen](auto condition) {
             return std::find_if(seen.cbegin(), seen.cend(), condition);
@@ -125,6 +126,19 @@ private slots:
                         && !each.canCancel;
                 })
                 != seen.cend());
+    }
+
+    void sizeBeyondAllCounting_isCutToWhatCanBeCounted()
+    {
+        // As a double, which JSON has for what no signed number can hold: 2^63.
+        const QJsonObject progress{{u"Status"_s, 8}, {u"DownloadSizeRemaining"_s, 0x1p63}};
+        m_scenario[u"UpdatePackages"_s] = QJsonArray{
+            QJsonObject{{u"progress"_s, QJsonArray{progress}}, {u"then"_s, u"hang"_s}}};
+        check();
+        m_updates->install();
+        QTRY_COMPARE(state().stage, Stage::downloading);
+        QTRY_COMPARE(state().downloadSize, std::numeric_limits<qint64>::max());
+        QCOMPARE(state().downloadedSize, 0);
     }
 
     void installation_isCancelledOnlyWhereTheServiceAllows()

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/packagekit/PackageKitUpdates.h"
+#include "platform/linux/packagekit/PackageKit.h"
 #include "support/EventLoopMeter.h"
+#include "updates/UpdateSession.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -12,8 +13,8 @@
 
 #include <memory>
 
-/// The engine of the updates, and a stand-in for PackageKit (support/packagekit.py) on a private
-/// bus to try it against.
+/// An update session over PackageKit, and a stand-in for its daemon (support/packagekit.py) on a
+/// private bus to try it against.
 class PackageKitFixture : public QObject
 {
     Q_OBJECT
@@ -89,7 +90,8 @@ protected:
     QProcess m_bus;
     QJsonObject m_scenario;
     EventLoopMeter m_meter;
-    std::unique_ptr<PackageKitUpdates> m_updates;
+    std::unique_ptr<PackageKit> m_packageKit;
+    std::unique_ptr<UpdateSession> m_updates;
 
 private slots:
     void initTestCase()
@@ -103,12 +105,14 @@ private slots:
     void init()
     {
         m_scenario = scenario();
-        m_updates = std::make_unique<PackageKitUpdates>(QStringLiteral("/usr/bin/tovla"),
-                                                        QStringLiteral("1.0"));
+        m_packageKit = std::make_unique<PackageKit>();
+        m_updates = std::make_unique<UpdateSession>(*m_packageKit, QStringLiteral("/usr/bin/tovla"),
+                                                    QStringLiteral("1.0"));
     }
     void cleanup()
     {
         m_updates.reset();
+        m_packageKit.reset();
         endStandIn();
         QVERIFY2(m_meter.longestTurn() < EventLoopMeter::frame,
                  qPrintable(QStringLiteral("%1 µs").arg(m_meter.longestTurn().count() / 1000)));

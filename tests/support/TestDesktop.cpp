@@ -165,22 +165,6 @@ private:
     TestDesktop &m_desktop;
 };
 
-class NotedUpdates final : public Updates
-{
-public:
-    explicit NotedUpdates(TestDesktop &desktop)
-        : m_desktop(desktop)
-    {
-    }
-    [[nodiscard]] const UpdateState &state() const override { return m_desktop.updateState; }
-    void check() override { m_desktop.updateLog.append(QStringLiteral("check")); }
-    void install() override { m_desktop.updateLog.append(QStringLiteral("install")); }
-    void cancel() override { m_desktop.updateLog.append(QStringLiteral("cancel")); }
-
-private:
-    TestDesktop &m_desktop;
-};
-
 class InstantChooser final : public FolderChooser
 {
 public:
@@ -263,18 +247,13 @@ Desktop TestDesktop::capabilities()
     desktop.compositor = std::make_unique<TestCompositor>(*this);
     desktop.appearance = std::make_unique<TestAppearance>(*this);
     desktop.folderChooser = std::make_unique<InstantChooser>(*this);
-    desktop.updates = std::make_unique<NotedUpdates>(*this);
-    m_updates = desktop.updates.get();
+    auto packages = std::make_unique<TestPackageManager>();
+    packageManager = packages.get();
+    desktop.packageManager = std::move(packages);
     m_clock = desktop.clock.get();
     m_compositor = desktop.compositor.get();
     m_appearance = desktop.appearance.get();
     return desktop;
-}
-
-void TestDesktop::setUpdateState(const UpdateState &state)
-{
-    updateState = state;
-    emit m_updates->changed();
 }
 
 void TestDesktop::setClock(const QDateTime &time)

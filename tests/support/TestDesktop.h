@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/Desktop.h"
+#include "support/TestPackageManager.h"
 
 #include <QHash>
 #include <QPointer>
@@ -49,10 +50,8 @@ public:
     QStringList soundLog;
     QList<QPointer<QWidget>> presented;
 
-    /// What the user asked of the updates, in order: "check", "install", "cancel".
-    QStringList updateLog;
-    UpdateState updateState;
-    void setUpdateState(const UpdateState &state);
+    /// There from the first AppState on.
+    QPointer<TestPackageManager> packageManager;
 
     bool canRestart = true;
     int restarts = 0;
@@ -76,7 +75,6 @@ private:
 
     std::function<void()> m_timerAction;
     QPointer<Clock> m_clock;
-    QPointer<Updates> m_updates;
     QPointer<Compositor> m_compositor;
     QPointer<Appearance> m_appearance;
 };

@@ -126,8 +126,8 @@ private slots:
                                 << u"Your system does not follow a software source for Tovla, so "
                                    "newer versions cannot be found."_s;
         QTest::newRow("service") << Failure::noService
-                                 << u"The system's update service (PackageKit) is not available. "
-                                    "Use your software manager to update Tovla."_s;
+                                 << u"The system's update service is not available. Use your "
+                                    "software manager to update Tovla."_s;
         QTest::newRow("offline")
             << Failure::offline
             << u"No network connection. Please try again when you are online."_s;

@@ -13,14 +13,12 @@
 
 using namespace Qt::StringLiterals;
 
-using Stage = UpdateState::Stage;
-
 namespace
 {
 AppState *shared = nullptr;
 } // namespace
 
-/// The window of the updates, with updates that only note what is asked of them.
+/// The window of the updates, over a package manager made for tests.
 class UpdaterControllerTest final : public QObject
 {
     Q_OBJECT
@@ -28,10 +26,13 @@ class UpdaterControllerTest final : public QObject
 private slots:
     void init()
     {
+        QCoreApplication::setApplicationVersion(u"1.0"_s);
         m_desktop = std::make_unique<TestDesktop>();
         m_state = std::make_unique<AppStateForTests>(*m_desktop);
         shared = &**m_state;
         m_controller = std::make_unique<UpdaterController>([]() -> AppState & { return *shared; });
+        packages().installed = TestPackageManager::tovla(u"1.0"_s);
+        packages().newer = TestPackageManager::tovla(u"1.1"_s);
     }
     void cleanup()
     {
@@ -42,70 +43,78 @@ private slots:
     void check_isStarted_andTheWindowPresented()
     {
         QVERIFY(!m_controller->window());
-        check({.stage = Stage::checking});
-        QCOMPARE(m_desktop->updateLog, QStringList{u"check"_s});
+        check(u"refreshSources"_s);
+        QCOMPARE(packages().asked, (QStringList{u"findPackageOf"_s, u"refreshSources"_s}));
         QCOMPARE(m_desktop->presented.constLast(), m_controller->window());
         QVERIFY(progressBar()->isVisible());
-        QVERIFY(!button(u"&Cancel"_s)->isEnabled());
+        QVERIFY(button(u"&Cancel"_s)->isEnabled());
     }
 
     void offerThatIsShown_isNotReplacedByANewCheck()
     {
-        check({.stage = Stage::checking});
-        m_desktop->setUpdateState({.stage = Stage::available});
+        check(u"refreshSources"_s);
+        packages().goOn();
         m_controller->checkForUpdates();
-        QCOMPARE(m_desktop->updateLog, QStringList{u"check"_s});
+        QCOMPARE(packages().asked.count(u"findPackageOf"_s), 1);
         window()->close();
         m_controller->checkForUpdates();
-        QCOMPARE(m_desktop->updateLog.filter(u"check"_s).size(), 2);
+        QCOMPARE(packages().asked.count(u"findPackageOf"_s), 2);
     }
 
     void keys_pressTheButtons()
     {
-        check({.stage = Stage::available});
+        packages().outcomes[u"install"_s] = {PackageManager::Failure::notAuthorised, {}};
+        check();
         QTest::keyClick(window(), Qt::Key_Return);
-        QCOMPARE(m_desktop->updateLog.constLast(), u"install"_s);
+        QCOMPARE(packages().asked.constLast(), u"install"_s);
         QTest::keyClick(window(), Qt::Key_Escape);
         QVERIFY(!window()->isVisible());
-        QVERIFY(!m_desktop->updateLog.contains(u"restart"_s));
+        QVERIFY(m_desktop->alerts.isEmpty());
     }
 
     void focusedButton_isWhatReturnPresses()
     {
-        check({.stage = Stage::available});
+        check();
         QPushButton *const later = button(u"&Remind Me Later"_s);
         later->setFocus();
         QTest::keyClick(later, Qt::Key_Return);
-        QVERIFY(!m_desktop->updateLog.contains(u"install"_s));
+        QVERIFY(!packages().asked.contains(u"simulate"_s));
         QVERIFY(!window()->isVisible());
     }
 
     void cancelledCheck_closesTheWindow()
     {
-        UpdateState checking{.stage = Stage::checking};
-        checking.canCancel = true;
-        check(checking);
+        check(u"refreshSources"_s);
         QTest::keyClick(window(), Qt::Key_Escape);
-        QCOMPARE(m_desktop->updateLog.constLast(), u"cancel"_s);
-        m_desktop->setUpdateState({});
+        QVERIFY(packages().asked.contains(u"forget"_s));
         QVERIFY(!window()->isVisible());
     }
 
     void outcomeOfAnInstallation_bringsTheClosedWindowBack()
     {
-        check({.stage = Stage::installing});
+        check(u"install"_s);
+        install();
+        QVERIFY(!button(u"&Cancel"_s)->isEnabled());
         window()->close();
         QVERIFY(!window()->isVisible());
-        m_desktop->setUpdateState({.stage = Stage::updated});
+        packages().goOn();
         QVERIFY(window()->isVisible());
+        QVERIFY(button(u"&Restart Now"_s)->isVisible());
+    }
+
+    void installationThatIsCancelled_leavesTheWindowClosed()
+    {
+        packages().outcomes[u"install"_s] = {PackageManager::Failure::cancelled, {}};
+        check(u"install"_s);
+        install();
         window()->close();
-        m_desktop->setUpdateState({});
+        packages().goOn();
         QVERIFY(!window()->isVisible());
     }
 
     void mnemonics_areUnderlinedWhileAltIsHeld()
     {
-        check({.stage = Stage::available});
+        check();
         const auto picture = [this] { return button(u"&Remind Me Later"_s)->grab().toImage(); };
         const QImage plain = picture();
         QTest::keyPress(window(), Qt::Key_Alt);
@@ -116,12 +125,17 @@ private slots:
 
     void anyVersionAndPackages_leaveTheWindowOnTheScreen()
     {
-        check({.stage = Stage::available, .version = u"1.1"_s});
+        check();
         const int width = window()->width();
-        m_desktop->setUpdateState({.stage = Stage::available,
-                                   .version = u"9"_s.repeated(500),
-                                   .releaseNotes = u"word"_s.repeated(2000),
-                                   .otherPackages = QStringList(500, u"lib"_s.repeated(70))});
+        window()->close();
+        packages().newer = TestPackageManager::tovla(u"9"_s.repeated(500));
+        packages().notes = u"word"_s.repeated(2000);
+        for (int i = 0; i < 500; ++i) {
+            packages().changes.append({u"lib%1"_s.arg(i) + u"lib"_s.repeated(70)});
+        }
+        check();
+        install();
+        QVERIFY(button(u"&Install Update"_s)->isVisible());
         QTRY_VERIFY(window()->height() > 200);
         QCOMPARE(window()->width(), width);
         QVERIFY2(window()->height() < 560, qPrintable(QString::number(window()->height())));
@@ -129,9 +143,11 @@ private slots:
 
     void download_isDescribedAsItGoesOn()
     {
-        check({.stage = Stage::downloading, .downloadedSize = 0, .downloadSize = 760'000});
-        m_desktop->setUpdateState(
-            {.stage = Stage::downloading, .downloadedSize = 510'000, .downloadSize = 760'000});
+        using Step = PackageManager::Progress::Step;
+        check(u"install"_s);
+        install();
+        packages().tell({.step = Step::downloading, .remainingSize = 760'000});
+        packages().tell({.step = Step::downloading, .remainingSize = 250'000});
         for (const QLabel *const label : window()->findChildren<QLabel *>()) {
             if (label->text() == u"Downloading update…"_s) {
                 QVERIFY2(label->accessibleDescription().startsWith(u"498"_s),
@@ -145,7 +161,8 @@ private slots:
     void restart_thatCannotBe_isTold()
     {
         m_desktop->canRestart = false;
-        check({.stage = Stage::updated});
+        check();
+        install();
         QTest::keyClick(window(), Qt::Key_Return);
         QCOMPARE(m_desktop->alerts.constLast().informativeText,
                  u"The new version will be available next time."_s);
@@ -153,7 +170,8 @@ private slots:
 
     void restart_waitsForTheNote_howeverItEnds()
     {
-        check({.stage = Stage::updated});
+        check();
+        install();
         (*m_state)->showPrompt();
         QTest::keyClick(window(), Qt::Key_Return);
         QCoreApplication::processEvents();
@@ -164,7 +182,8 @@ private slots:
 
     void restart_neverComesUnderAPromptThatIsSeen()
     {
-        check({.stage = Stage::updated});
+        check();
+        install();
         (*m_state)->showPrompt();
         QTest::keyClick(window(), Qt::Key_Return);
         m_state->promptWindow()->close();
@@ -177,31 +196,30 @@ private slots:
 
     void textsOfOthers_arePlain_andReadOnly()
     {
-        UpdateState offer{.stage = Stage::available};
-        offer.releaseNotes = u"<img src='http://example.org'> <b>bold</b>"_s;
-        check(offer);
+        packages().notes = u"<img src='http://example.org'> <b>bold</b>"_s;
+        check();
         const auto *const notes = window()->findChild<QPlainTextEdit *>();
         QVERIFY(notes->isVisible());
         QVERIFY(notes->isReadOnly());
-        QCOMPARE(notes->toPlainText(), offer.releaseNotes);
+        QCOMPARE(notes->toPlainText(), packages().notes);
     }
 
     void details_areSeenOnRequestOnly()
     {
-        UpdateState failed{.stage = Stage::failed};
-        failed.failure = UpdateState::Failure::notRetrieved;
-        failed.details = u"what the engine says"_s;
-        check(failed);
+        const QString details = u"what the package manager says"_s;
+        packages().outcomes[u"findNewerVersion"_s] = {PackageManager::Failure::other, details};
+        check();
         const auto boxes = window()->findChildren<QPlainTextEdit *>();
         QVERIFY(!boxes.at(0)->isVisible() && !boxes.at(1)->isVisible());
         QTest::mouseClick(button(u"&Details"_s), Qt::LeftButton);
         QVERIFY(boxes.at(1)->isVisible());
-        QCOMPARE(boxes.at(1)->toPlainText(), failed.details);
+        QCOMPARE(boxes.at(1)->toPlainText(), details);
     }
 
     void window_followsTheSystem()
     {
-        check({.stage = Stage::upToDate});
+        packages().newer.reset();
+        check();
         const auto background = [this] { return window()->grab().toImage().pixelColor(3, 3); };
         QCOMPARE(background(), QColor(0xECECEC));
         (*m_state)->setTheme(ThemePreference::dark);
@@ -211,14 +229,13 @@ private slots:
 
     void longestTexts_keepTheEventLoopFree()
     {
-        check({.stage = Stage::checking});
+        packages().notes = u"All work and no play.\n"_s.repeated(900);
+        check(u"readReleaseNotes"_s);
         QVERIFY(QTest::qWaitForWindowExposed(window()));
         EventLoopMeter meter;
         meter.start();
-        UpdateState offer{.stage = Stage::available};
-        offer.releaseNotes = u"All work and no play.\n"_s.repeated(900);
         QMetaObject::invokeMethod(
-            this, [&] { m_desktop->setUpdateState(offer); }, Qt::QueuedConnection);
+            &packages(), [this] { packages().goOn(); }, Qt::QueuedConnection);
         QTRY_VERIFY(window()->findChild<QPlainTextEdit *>()->isVisible());
         // The turn that lays out and paints it is over when others have come.
         const int turns = meter.turns();
@@ -228,11 +245,14 @@ private slots:
     }
 
 private:
-    void check(const UpdateState &state)
+    [[nodiscard]] TestPackageManager &packages() const { return *m_desktop->packageManager; }
+    /// Checks until @p heldAt, or to the end.
+    void check(const QString &heldAt = {})
     {
-        m_desktop->updateState = state;
+        packages().heldAt = heldAt;
         m_controller->checkForUpdates();
     }
+    void install() { QTest::keyClick(window(), Qt::Key_Return); }
     [[nodiscard]] UpdateWindow *window() const { return m_controller->window(); }
     [[nodiscard]] QProgressBar *progressBar() const
     {

@@ -3,8 +3,8 @@
 #include "platform/generic/FileDialogFolderChooser.h"
 #include "platform/generic/MessageBoxAlerts.h"
 #include "platform/generic/NoCompositor.h"
+#include "platform/generic/NoPackageManager.h"
 #include "platform/generic/NoSounds.h"
-#include "platform/generic/NoUpdates.h"
 #include "platform/generic/OnlyCopy.h"
 #include "platform/generic/PlainClock.h"
 #include "platform/generic/PlainProgram.h"
@@ -33,7 +33,7 @@ Desktop Desktop::ofThisPlatform()
     desktop.compositor = std::make_unique<NoCompositor>();
     desktop.appearance = std::make_unique<ToolkitAppearance>();
     desktop.folderChooser = std::make_unique<FileDialogFolderChooser>(*desktop.windows);
-    desktop.updates = std::make_unique<NoUpdates>();
+    desktop.packageManager = std::make_unique<NoPackageManager>();
     return desktop;
 }
 

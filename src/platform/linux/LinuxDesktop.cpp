@@ -9,13 +9,11 @@
 #include "platform/linux/kernel/BootTimeTimers.h"
 #include "platform/linux/kernel/LinuxProgram.h"
 #include "platform/linux/kernel/SystemClock.h"
-#include "platform/linux/packagekit/PackageKitUpdates.h"
+#include "platform/linux/packagekit/PackageKit.h"
 #include "platform/linux/sound/CanberraSounds.h"
 #include "platform/linux/tray/LinuxTray.h"
 #include "platform/linux/x11/X11Compositor.h"
 #include "platform/linux/x11/X11Windows.h"
-
-#include <QCoreApplication>
 
 void Desktop::prepare()
 {
@@ -38,8 +36,7 @@ Desktop Desktop::ofThisPlatform()
     desktop.compositor = std::make_unique<X11Compositor>();
     desktop.appearance = std::make_unique<PortalAppearance>();
     desktop.folderChooser = std::make_unique<FileDialogFolderChooser>(*desktop.windows);
-    desktop.updates = std::make_unique<PackageKitUpdates>(desktop.program->path(),
-                                                          QCoreApplication::applicationVersion());
+    desktop.packageManager = std::make_unique<PackageKit>();
     return desktop;
 }
 

@@ -7,7 +7,7 @@
 
 namespace
 {
-using Failure = UpdateState::Failure;
+using Failure = PackageManager::Failure;
 using Transaction = PackageKitTransaction;
 
 constexpr qsizetype longestNotes = 20000;
@@ -21,9 +21,9 @@ bool isAboutSignatures(const QString &text)
                             QStringLiteral("not signed")};
     return std::ranges::any_of(words, [&text](const QString &word) { return text.contains(word); });
 }
-} // namespace
-
-QString PackageKitAnswers::upstreamVersion(const QString &packageVersion)
+/// Without the epoch, the packager's revision (Debian policy 5.6.12) and what packagers add to
+/// say that they have altered the sources or built them anew ("+dfsg", "+b1").
+QString upstreamVersion(const QString &packageVersion)
 {
     const qsizetype start = packageVersion.indexOf(u':') + 1;
     const qsizetype plus = packageVersion.indexOf(u'+');
@@ -31,10 +31,91 @@ QString PackageKitAnswers::upstreamVersion(const QString &packageVersion)
     return packageVersion.mid(start, end < start ? -1 : end - start);
 }
 
-QString PackageKitAnswers::sourceOf(const PackageId &installed)
+Failure retrievalFailure(const Transaction::Outcome &outcome)
 {
-    const QString source = installed.data().section(u':', -1);
-    return source == u"local" ? QString() : source;
+    Failure failure = Failure::other;
+    if (outcome.error == Transaction::noNetwork) {
+        failure = Failure::offline;
+    } else if (outcome.error == Transaction::cannotGetLock) {
+        failure = Failure::busy;
+    } else if (isAboutSignatures(outcome.errorText)) {
+        failure = Failure::improperlySigned;
+    }
+    return failure;
+}
+
+Failure installationFailure(uint error)
+{
+    switch (error) {
+    case Transaction::noNetwork:
+        return Failure::offline;
+    case Transaction::downloadFailed:
+    case Transaction::badSignature:
+        return Failure::notDownloaded;
+    case Transaction::cannotGetLock:
+        return Failure::busy;
+    case Transaction::notAuthorised:
+        return Failure::notAuthorised;
+    default:
+        return Failure::other;
+    }
+}
+
+/// What an end means whatever the errand was; @p failure where it is a failure of its own.
+PackageManager::Outcome told(const Transaction::Outcome &outcome, Failure failure)
+{
+    if (outcome.isServiceGone) {
+        failure = Failure::noService;
+    } else if (outcome.wasCancelled()) {
+        failure = Failure::cancelled;
+    } else if (outcome.succeeded()) {
+        failure = Failure::none;
+    }
+    return {failure, outcome.errorText};
+}
+
+PackageManager::Progress::Step stepOf(uint status)
+{
+    using Step = PackageManager::Progress::Step;
+    switch (status) {
+    case Transaction::waiting:
+    case Transaction::waitingForLock:
+        return Step::waitingForOthers;
+    case Transaction::waitingForAuthorisation:
+        return Step::waitingForAuthorisation;
+    case Transaction::statusDownload:
+        return Step::downloading;
+    default:
+        return Step::working;
+    }
+}
+} // namespace
+
+PackageManager::Package PackageKitAnswers::package(const PackageKitTransaction::Package &package)
+{
+    const PackageId &id = package.id;
+    // Of what is installed, how it came ("manual:", "auto:") stands before the source.
+    const QString source = id.data().section(u':', -1);
+    PackageManager::Package result{.id = id.text, .name = id.name(), .version = id.version()};
+    result.programVersion = upstreamVersion(id.version());
+    result.isWithoutSource = source == u"local";
+    result.source = result.isWithoutSource ? QString() : source;
+    result.isHeldBack = package.info == Transaction::blocked;
+    return result;
+}
+
+PackageManager::Progress
+PackageKitAnswers::progress(const PackageKitTransaction::Progress &progress)
+{
+    PackageManager::Progress result{.step = stepOf(progress.status)};
+    const bool isMeasured = progress.status >= Transaction::statusDownload
+        && progress.status <= Transaction::statusUpdate;
+    if (isMeasured && progress.percentage < Transaction::unknownPercentage) {
+        result.percentage = static_cast<int>(progress.percentage);
+    }
+    result.remainingSize = progress.downloadSizeRemaining;
+    result.allowsCancel = progress.allowsCancel;
+    return result;
 }
 
 QString PackageKitAnswers::releaseNotes(const QVariantList &updateDetail)
@@ -50,37 +131,13 @@ QString PackageKitAnswers::releaseNotes(const QVariantList &updateDetail)
     return releaseNotesOfDebianChangelog(text.left(longestNotes));
 }
 
-UpdateState::Failure
-PackageKitAnswers::retrievalFailure(const PackageKitTransaction::Outcome &outcome)
+PackageManager::Outcome PackageKitAnswers::retrieval(const PackageKitTransaction::Outcome &outcome)
 {
-    Failure failure = Failure::notRetrieved;
-    if (outcome.error == Transaction::noNetwork) {
-        failure = Failure::offline;
-    } else if (outcome.error == Transaction::cannotGetLock) {
-        failure = Failure::busy;
-    } else if (isAboutSignatures(outcome.errorText)) {
-        failure = Failure::improperlySigned;
-    }
-    return failure;
+    return told(outcome, retrievalFailure(outcome));
 }
 
-UpdateState::Failure
-PackageKitAnswers::installationFailure(const PackageKitTransaction::Outcome &outcome)
+PackageManager::Outcome
+PackageKitAnswers::installation(const PackageKitTransaction::Outcome &outcome)
 {
-    Failure failure = Failure::notInstalled;
-    switch (outcome.error) {
-    case Transaction::noNetwork:
-        failure = Failure::offline;
-        break;
-    case Transaction::downloadFailed:
-    case Transaction::badSignature:
-        failure = Failure::notDownloaded;
-        break;
-    case Transaction::cannotGetLock:
-        failure = Failure::busy;
-        break;
-    default:
-        break;
-    }
-    return failure;
+    return told(outcome, installationFailure(outcome.error));
 }

@@ -1,26 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Updates.h"
+#include "platform/PackageManager.h"
 #include "platform/linux/packagekit/PackageKitTransaction.h"
 
-/// What the answers of PackageKit mean to Tovla.
+/// The answers of PackageKit in the words that all package managers have in common.
 namespace PackageKitAnswers
 {
-/// Without the epoch, the packager's revision (Debian policy 5.6.12) and what packagers add to
-/// say that they have altered the sources or built them anew ("+dfsg", "+b1").
-[[nodiscard]] QString upstreamVersion(const QString &packageVersion);
+[[nodiscard]] PackageManager::Package package(const PackageKitTransaction::Package &package);
 
-/// Where the package that is installed came from; nothing where that is not known.
-[[nodiscard]] QString sourceOf(const PackageId &installed);
+[[nodiscard]] PackageManager::Progress progress(const PackageKitTransaction::Progress &progress);
 
 /// What the source has to say about the update; nothing where it says nothing of its own.
 [[nodiscard]] QString releaseNotes(const QVariantList &updateDetail);
 
-/// Why newer versions could not be looked for.
-[[nodiscard]] UpdateState::Failure retrievalFailure(const PackageKitTransaction::Outcome &outcome);
+/// How a question about versions and sources ended.
+[[nodiscard]] PackageManager::Outcome retrieval(const PackageKitTransaction::Outcome &outcome);
 
-/// Why a newer version could not be installed.
-[[nodiscard]] UpdateState::Failure
-installationFailure(const PackageKitTransaction::Outcome &outcome);
+/// How an installation ended.
+[[nodiscard]] PackageManager::Outcome installation(const PackageKitTransaction::Outcome &outcome);
 } // namespace PackageKitAnswers

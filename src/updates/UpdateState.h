@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QObject>
 #include <QString>
 #include <QStringList>
 
@@ -70,30 +69,4 @@ struct UpdateState {
         return stage > Stage::idle && stage < Stage::available;
     }
     bool operator==(const UpdateState &) const = default;
-};
-
-/// The system's way to a newer version of this program. Nothing is installed that is not signed as
-/// the system demands of the source which the program came from, and nothing here ever waits.
-class Updates : public QObject
-{
-    Q_OBJECT
-    Q_DISABLE_COPY_MOVE(Updates)
-
-public:
-    using QObject::QObject;
-
-    [[nodiscard]] virtual const UpdateState &state() const = 0;
-
-    /// Asks the sources of the system for a newer version; does nothing while something is under
-    /// way.
-    virtual void check() = 0;
-    /// Installs the version that is available. Other packages that would change too are shown in
-    /// the state first; then this has to be asked for once more.
-    virtual void install() = 0;
-    /// Gives up what is under way, where the state says that this is possible.
-    virtual void cancel() = 0;
-
-signals:
-    /// state() is different now.
-    void changed();
 };
