@@ -46,7 +46,8 @@ MenuContent::MenuContent(AppState &state)
 void MenuContent::keyPressEvent(QKeyEvent *event)
 {
     // The toolkit runs no shortcuts while a menu is open.
-    const QKeySequence pressed(withCommandKey(event->modifiers()) | event->key());
+    const QKeySequence pressed(
+        QKeyCombination(withCommandKey(event->modifiers()), static_cast<Qt::Key>(event->key())));
     for (QAction *const action : actions()) {
         if (action->isEnabled() && action->shortcut() == pressed && !pressed.isEmpty()) {
             close();

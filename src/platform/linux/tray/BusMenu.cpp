@@ -29,7 +29,7 @@ BusMenu::BusMenu(QMenu &menu, QObject *parent)
     }
 }
 
-QString BusMenu::textDirection() const
+QString BusMenu::textDirection()
 {
     return QGuiApplication::isRightToLeft() ? QStringLiteral("rtl") : QStringLiteral("ltr");
 }

@@ -25,17 +25,17 @@ public:
     /// The items of @p menu, which must outlive this, stay the ones that they are now.
     BusMenu(QMenu &menu, QObject *parent);
 
-    [[nodiscard]] uint version() const { return 3; }
-    [[nodiscard]] QString textDirection() const;
-    [[nodiscard]] QString status() const { return QStringLiteral("normal"); }
-    [[nodiscard]] QStringList iconThemePath() const { return {}; }
+    [[nodiscard]] static uint version() { return 3; }
+    [[nodiscard]] static QString textDirection();
+    [[nodiscard]] static QString status() { return QStringLiteral("normal"); }
+    [[nodiscard]] static QStringList iconThemePath() { return {}; }
 
 public slots: // NOLINT(readability-redundant-access-specifiers): what is exported to the bus
     Q_SCRIPTABLE uint GetLayout(int parentId, int recursionDepth, const QStringList &propertyNames,
                                 BusMenuLayout &layout) const;
-    Q_SCRIPTABLE QList<BusMenuItem> GetGroupProperties(const QList<int> &ids,
-                                                       const QStringList &propertyNames) const;
-    Q_SCRIPTABLE QDBusVariant GetProperty(int id, const QString &name) const;
+    [[nodiscard]] Q_SCRIPTABLE QList<BusMenuItem>
+    GetGroupProperties(const QList<int> &ids, const QStringList &propertyNames) const;
+    [[nodiscard]] Q_SCRIPTABLE QDBusVariant GetProperty(int id, const QString &name) const;
     Q_SCRIPTABLE void Event(int id, const QString &eventId, const QDBusVariant &data,
                             uint timestamp);
     Q_SCRIPTABLE QList<int> EventGroup(const QList<BusMenuEvent> &events);

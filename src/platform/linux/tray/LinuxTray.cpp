@@ -77,6 +77,7 @@ void LinuxTray::exportItem()
     });
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): what the timer calls changes this
 void LinuxTray::waitForOldTray()
 {
     QTimer::singleShot(graceForHosts, this, &LinuxTray::considerOldTray);
@@ -113,7 +114,7 @@ void LinuxTray::updateIcon()
     }
 }
 
-void LinuxTray::popUpMenu(const QPoint &nativePlace)
+void LinuxTray::popUpMenu(const QPoint &nativePlace) const
 {
     m_item.menu->popup(logicalPlace(nativePlace).value_or(QCursor::pos()));
 }

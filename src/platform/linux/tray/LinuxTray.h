@@ -29,7 +29,7 @@ private:
     void waitForOldTray();
     void considerOldTray();
     void updateIcon();
-    void popUpMenu(const QPoint &nativePlace);
+    void popUpMenu(const QPoint &nativePlace) const;
 
     Item m_item;
     StatusNotifierItem *m_notifierItem = nullptr;

@@ -64,12 +64,12 @@ void StatusNotifierItem::findIconFile(const QString &name)
     }
 }
 
-QString StatusNotifierItem::category() const
+QString StatusNotifierItem::category()
 {
     return QStringLiteral("ApplicationStatus");
 }
 
-QString StatusNotifierItem::status() const
+QString StatusNotifierItem::status()
 {
     return QStringLiteral("Active");
 }
@@ -88,7 +88,7 @@ StatusNotifierToolTip StatusNotifierItem::toolTip() const
     return {.iconName = {}, .icon = {}, .title = m_title, .text = {}};
 }
 
-QDBusObjectPath StatusNotifierItem::menu() const
+QDBusObjectPath StatusNotifierItem::menu()
 {
     return QDBusObjectPath(BusMenu::path());
 }
@@ -110,6 +110,7 @@ void StatusNotifierItem::SecondaryActivate(int x, int y)
 
 void StatusNotifierItem::Scroll(int, const QString &) { }
 
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): exported to the bus
 void StatusNotifierItem::ProvideXdgActivationToken(const QString &token)
 {
     // The toolkit takes it from there for the next window that is to come to the front.

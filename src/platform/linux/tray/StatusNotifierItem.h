@@ -40,20 +40,20 @@ public:
 
     void setIcon(const QIcon &icon);
 
-    [[nodiscard]] QString category() const;
+    [[nodiscard]] static QString category();
     [[nodiscard]] QString id() const { return m_id; }
     [[nodiscard]] QString title() const { return m_title; }
-    [[nodiscard]] QString status() const;
-    [[nodiscard]] int windowId() const { return 0; }
+    [[nodiscard]] static QString status();
+    [[nodiscard]] static int windowId() { return 0; }
     /// Where hosts find the icon's file beside their own themes; empty where they need not look.
     [[nodiscard]] QString iconThemePath() const { return m_iconThemePath; }
     /// Empty while no host could find the file.
     [[nodiscard]] QString iconName() const { return m_iconName; }
     [[nodiscard]] QList<StatusNotifierPicture> iconPixmap() const;
-    [[nodiscard]] QString none() const { return {}; }
-    [[nodiscard]] QList<StatusNotifierPicture> noPictures() const { return {}; }
+    [[nodiscard]] static QString none() { return {}; }
+    [[nodiscard]] static QList<StatusNotifierPicture> noPictures() { return {}; }
     [[nodiscard]] StatusNotifierToolTip toolTip() const;
-    [[nodiscard]] QDBusObjectPath menu() const;
+    [[nodiscard]] static QDBusObjectPath menu();
     [[nodiscard]] bool itemIsMenu() const { return m_itemIsMenu; }
 
 public slots: // NOLINT(readability-redundant-access-specifiers): what is exported to the bus
