@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/Appearance.h"
 #include "platform/Tray.h"
 
 #include <memory>
@@ -18,7 +19,8 @@ class LinuxTray final : public Tray
     Q_DISABLE_COPY_MOVE(LinuxTray)
 
 public:
-    LinuxTray();
+    /// @p appearance must outlive this.
+    explicit LinuxTray(const Appearance &appearance);
     ~LinuxTray() override;
 
     void show(const Item &item) override;
@@ -29,8 +31,11 @@ private:
     void waitForOldTray();
     void considerOldTray();
     void updateIcon();
+    void followColorScheme();
     void popUpMenu(const QPoint &nativePlace) const;
 
+    const Appearance &m_appearance;
+    ColorScheme m_colorScheme = ColorScheme::Light;
     Item m_item;
     StatusNotifierItem *m_notifierItem = nullptr;
     StatusNotifierWatcher *m_watcher = nullptr;
