@@ -25,6 +25,7 @@ Desktop Desktop::ofThisPlatform()
     Desktop desktop;
     desktop.program = std::make_unique<LinuxProgram>();
     desktop.runningCopy = std::make_unique<BusRunningCopy>();
+    desktop.tray = std::make_unique<LinuxTray>();
     desktop.clock = std::make_unique<SystemClock>();
     desktop.timers = std::make_unique<BootTimeTimers>();
     desktop.files = std::make_unique<PosixFiles>();
@@ -34,7 +35,6 @@ Desktop Desktop::ofThisPlatform()
     desktop.alerts = std::make_unique<MessageBoxAlerts>(*desktop.windows);
     desktop.compositor = std::make_unique<X11Compositor>();
     desktop.appearance = std::make_unique<PortalAppearance>();
-    desktop.tray = std::make_unique<LinuxTray>(*desktop.appearance);
     desktop.folderChooser = std::make_unique<FileDialogFolderChooser>(*desktop.windows);
     desktop.packageManager = std::make_unique<PackageKit>();
     return desktop;

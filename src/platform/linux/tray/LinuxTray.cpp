@@ -42,11 +42,7 @@ QColor foreground()
 }
 } // namespace
 
-LinuxTray::LinuxTray(const Appearance &appearance)
-    : m_appearance(appearance)
-{
-}
-
+LinuxTray::LinuxTray() = default;
 LinuxTray::~LinuxTray() = default;
 
 void LinuxTray::show(const Item &item)
@@ -66,7 +62,6 @@ void LinuxTray::exportItem()
     m_notifierItem = new StatusNotifierItem(m_item.id, m_item.title, isWaylandSession(), this);
     connect(m_notifierItem, &StatusNotifierItem::menuWanted, this, &LinuxTray::popUpMenu);
     updateIcon();
-    connect(&m_appearance, &Appearance::changed, this, &LinuxTray::followColorScheme);
     auto bus = QDBusConnection::sessionBus();
     bus.registerObject(StatusNotifierItem::path(), m_notifierItem,
                        QDBusConnection::ExportScriptableContents);
@@ -110,15 +105,6 @@ bool LinuxTray::eventFilter(QObject *watched, QEvent *event)
         updateIcon();
     }
     return false;
-}
-
-void LinuxTray::followColorScheme()
-{
-    // Some panels colour an icon that they know by its name only when they are told of a new one.
-    if (m_appearance.colorScheme() != m_colorScheme) {
-        m_colorScheme = m_appearance.colorScheme();
-        updateIcon();
-    }
 }
 
 void LinuxTray::updateIcon()

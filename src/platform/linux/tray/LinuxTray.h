@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Appearance.h"
 #include "platform/Tray.h"
 
 #include <memory>
@@ -19,8 +18,7 @@ class LinuxTray final : public Tray
     Q_DISABLE_COPY_MOVE(LinuxTray)
 
 public:
-    /// @p appearance must outlive this.
-    explicit LinuxTray(const Appearance &appearance);
+    LinuxTray();
     ~LinuxTray() override;
 
     void show(const Item &item) override;
@@ -31,11 +29,8 @@ private:
     void waitForOldTray();
     void considerOldTray();
     void updateIcon();
-    void followColorScheme();
     void popUpMenu(const QPoint &nativePlace) const;
 
-    const Appearance &m_appearance;
-    ColorScheme m_colorScheme = ColorScheme::Light;
     Item m_item;
     StatusNotifierItem *m_notifierItem = nullptr;
     StatusNotifierWatcher *m_watcher = nullptr;
