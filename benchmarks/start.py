@@ -79,6 +79,7 @@ def private_dirty(desktop, program):
 
 def main():
     desktop = Desktop(compositor=False)
+    desktop.tray.is_strict = False  # the bare item describes itself less exactly
     os.environ.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON")
     if len(sys.argv) > 2:
         os.environ["XDG_CURRENT_DESKTOP"] = sys.argv[2]
