@@ -63,6 +63,20 @@ class DesktopCase(unittest.TestCase):
         self.item.click("Settings…")
         wait_for(lambda: active_window_title() == SETTINGS, "the settings to be active")
 
+    def choose_folder(self):
+        """Chooses the journal's folder in the settings that a first launch has opened."""
+        import accessibility
+        self.desktop.journal().mkdir()
+        wait_for(lambda: active_window_title() == SETTINGS, "the settings to be active")
+        accessibility.press("Choose…")
+        accessibility.find("Choose")
+        wait_for(lambda: active_window_title() != SETTINGS, "the chooser to be active")
+        type_text(str(self.desktop.journal()))
+        accessibility.press("Choose")
+        wait_for(lambda: self.desktop.preferences_file().exists()
+                 and f"folderPath={self.desktop.journal()}"
+                 in self.desktop.preferences_file().read_text(), "the folder in the preferences")
+
     def wait_for_settings_background(self, color):
         """Looks beside the rows; @p color as in "#ECECEC"."""
         def background():

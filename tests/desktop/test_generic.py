@@ -3,7 +3,7 @@
 import unittest
 
 import accessibility
-from case import DesktopCase, active_window_title, press_keys, type_text, visible_titles
+from case import DesktopCase, press_keys, type_text, visible_titles
 from desktop import wait_for
 from tray_host import TrayHost
 
@@ -20,16 +20,7 @@ class GenericTest(DesktopCase):
     def test_first_launch_to_day_file_and_quit(self):
         self.start(folder=False)
         wait_for(lambda: "Tovla Settings" in visible_titles(), "the settings")
-        self.desktop.journal().mkdir()
-        wait_for(lambda: active_window_title() == "Tovla Settings", "the settings to be active")
-        accessibility.press("Choose…")
-        accessibility.find("Choose")
-        wait_for(lambda: active_window_title() != "Tovla Settings", "the chooser to be active")
-        type_text(str(self.desktop.journal()))
-        accessibility.press("Choose")
-        wait_for(lambda: self.desktop.preferences_file().exists()
-                 and str(self.desktop.journal()) in self.desktop.preferences_file().read_text(),
-                 "the folder in the preferences")
+        self.choose_folder()
         for note in ("one", "two"):
             self.open_prompt()
             type_text(note)

@@ -17,15 +17,7 @@ class PromptTest(DesktopCase):
         wait_for(lambda: "Tovla Settings" in visible_titles(), "the settings")
         self.assertFalse(self.desktop.preferences_file().exists())
 
-        self.desktop.journal().mkdir()
-        wait_for(lambda: active_window_title() == "Tovla Settings", "the settings to be active")
-        accessibility.press("Choose…")
-        accessibility.find("Choose")
-        wait_for(lambda: active_window_title() != "Tovla Settings", "the chooser to be active")
-        type_text(str(self.desktop.journal()))
-        accessibility.press("Choose")
-        wait_for(lambda: f"folderPath={self.desktop.journal()}" in self.preferences(),
-                 "the folder in the preferences")
+        self.choose_folder()
         accessibility.find(str(self.desktop.journal()))
         wait_for(lambda: active_window_title() == "Tovla Settings", "the settings to be active")
         self.assertEqual(self.item.labels()[0], "Every 60 min → Journal")
@@ -186,10 +178,6 @@ class PromptTest(DesktopCase):
         press_keys(*["Return"] * 30)
         wait_for(lambda: geometry_of(title)[3] - before > 200, "the card to grow")
         self.assertEqual(geometry_of(title)[:2], (x, y))
-
-    def preferences(self):
-        path = self.desktop.preferences_file()
-        return path.read_text() if path.exists() else ""
 
 
 if __name__ == "__main__":
