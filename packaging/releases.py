@@ -1,12 +1,13 @@
 # SPDX-License-Identifier: MIT
-"""What CHANGELOG.md says, in the words of those who deliver it:
+"""Converts CHANGELOG.md for AppStream and Debian:
 
-releases.py date                 seconds since 1970 at which these sources were made
+releases.py date                 the date of these sources, in seconds since 1970
 releases.py metainfo VERSION     AppStream's <releases>
 releases.py debian VERSION WHO   a Debian changelog, signed by WHO ("name <address>")
 
-A section is headed "## 1.2.0, 2026-12-31", or "## 1.2.0, not released yet" with the date of the
-sources. VERSION is what is being built: the newest section describes it, whatever its own number.
+The heading of a section is "## 1.2.0, 2026-12-31", or "## 1.2.0, not released yet", which stands
+for the date of the sources. VERSION is the version being built: the newest section describes it,
+whatever number is in its heading.
 """
 import os
 import re
@@ -23,7 +24,7 @@ CHANGELOG = ROOT / "CHANGELOG.md"
 
 
 def source_date():
-    """As the caller wishes, of the commit, or of the archive that the sources came in."""
+    """SOURCE_DATE_EPOCH if it is set, else the date of the commit, else that of CHANGELOG.md."""
     if "SOURCE_DATE_EPOCH" in os.environ:
         return int(os.environ["SOURCE_DATE_EPOCH"])
     if (ROOT / ".git").exists():
@@ -40,7 +41,7 @@ def moment(text):
 
 
 def releases(version):
-    """(version, moment, sentences) of each section, the newest first."""
+    """Yields (version, moment, sentences) for each section, newest first."""
     sections = re.split(r"^## ", CHANGELOG.read_text(encoding="utf-8"), flags=re.MULTILINE)[1:]
     for section in sections:
         heading, *lines = section.splitlines()

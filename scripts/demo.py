@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Plays the road of one prompt on a virtual desktop with a throw-away home: demo.py PROGRAM DIR."""
+"""Takes one note on a virtual desktop with a throwaway home: demo.py PROGRAM DIR."""
 import os
 import sys
 from pathlib import Path

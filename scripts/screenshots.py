@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""Takes the pictures of the README: screenshots.py PROGRAM DIR [SCALE COMPOSITOR]
+"""Takes the README's screenshots: screenshots.py PROGRAM DIR [SCALE COMPOSITOR]
 
-Without the last two it runs itself for each desktop that is pictured: the accessibility tree of
-only one can be found by a process.
+Without the last two arguments it runs itself once for each desktop, because a process can find the
+accessibility tree of only one.
 """
 import glob
 import os

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-# The repository that an installed package follows for newer versions. Its key stands inside the
-# list of sources, so that both come, stay and go together: a list that outlives its key makes apt
-# complain about it for ever.
+# The repository in which an installed package finds newer versions. Its key is embedded in the
+# sources file, so that both are installed and removed together: apt complains about a sources file
+# whose key is missing.
 set(TOVLA_UPDATE_URL "" CACHE STRING "Address of the package repository with newer versions")
 set(TOVLA_UPDATE_KEY "" CACHE FILEPATH "Armoured public key that this repository is signed with")
 
@@ -19,7 +19,7 @@ string(STRIP "${key}" key)
 if(NOT key MATCHES "^-----BEGIN PGP PUBLIC KEY BLOCK-----\n.*\n-----END PGP PUBLIC KEY BLOCK-----$")
     message(FATAL_ERROR "${TOVLA_UPDATE_KEY} is not one armoured public key block")
 endif()
-# As a field of several lines: each is indented, and an empty one is a full stop.
+# In a multi-line field, every line is indented and an empty line is written as a full stop.
 string(REPLACE "\n\n" "\n.\n" key "${key}")
 string(REPLACE "\n" "\n " key "${key}")
 execute_process(COMMAND dpkg --print-architecture

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Looks at the installed program in the running session of the named desktop."""
+"""Checks the installed program in the running session of the named desktop."""
 import sys
 
 from ready import open_desktop

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""How each desktop is seen, driven and set, and with which of its programs somebody writes."""
+"""How each desktop is observed, driven and configured, and which text editor it uses."""
 from dataclasses import dataclass, field
 
 from gnome_screen import GnomeScreen
@@ -16,7 +16,7 @@ def _gsettings(schema, **values):
 
 
 def _interface(scheme, theme):
-    """What programs of GTK, and those that ask the portal, go by."""
+    """The settings that GTK programs and users of the portal follow."""
     return _gsettings("org.gnome.desktop.interface", color_scheme=scheme, gtk_theme=theme)
 
 
@@ -34,13 +34,13 @@ DARK = _interface("prefer-dark", "Adwaita-dark")
 
 @dataclass
 class Desktop:
-    package: str  # whose version is the desktop's
-    panel: str  # the panel's name in the accessibility tree; of GNOME the shell is asked
+    package: str  # its version is reported as the desktop's
+    panel: str  # the panel's name in the accessibility tree; on GNOME, the shell is asked instead
     editor: list
     light: list = field(default_factory=lambda: LIGHT)
     dark: list = field(default_factory=lambda: DARK)
     tray: bool = True
-    old_tray: bool = False  # the one before StatusNotifierItem
+    old_tray: bool = False  # an XEmbed tray instead of StatusNotifierItem
     gnome: bool = False
     make_windows: type = X11Windows
 

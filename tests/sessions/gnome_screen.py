@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""Pictures, pointer and keys of GNOME Shell without a screen, through the shell itself, which runs
-in unsafe mode for that."""
+"""Screenshots, pointer and keys for GNOME Shell without a screen, through the shell itself, which
+runs in unsafe mode for this."""
 import json
 import os
 import tempfile
@@ -26,7 +26,7 @@ class GnomeScreen:
         self.bus = dbus.SessionBus()
 
     def evaluate(self, script):
-        """The value of the script's last expression; it must be one that JSON can say."""
+        """The value of the script's last expression, which must be representable in JSON."""
         shell = self.bus.get_object("org.gnome.Shell", "/org/gnome/Shell", introspect=False)
         done, answer = shell.Eval(script, dbus_interface="org.gnome.Shell")
         if not done:

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The windows of a GNOME session as the shell knows them."""
+"""The windows of a GNOME session, as listed by the shell."""
 from windows import Window
 
 SCRIPT = """
@@ -21,13 +21,13 @@ class GnomeWindows:
         self.screen = screen
 
     def windows(self):
-        """From the lowest to the topmost."""
+        """From bottom to top."""
         import json
         return [Window(**{**described, "box": tuple(described["box"])})
                 for described in json.loads(self.screen.evaluate(SCRIPT))]
 
     def tray_icon(self):
-        """The box of Tovla's icon in the top bar, the last one that the extension has put there."""
+        """The box of Tovla's icon in the top bar, the last one added by the extension."""
         box = self.screen.evaluate("""
 const indicators = Object.keys(Main.panel.statusArea).filter(name => name.startsWith("appindicator"))
     .map(name => Main.panel.statusArea[name]).filter(indicator => indicator.visible);

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Where the tray icon is, told by the accessibility tree of the panel."""
+"""Finds the tray icon in the panel's accessibility tree."""
 import gi
 
 gi.require_version("Atspi", "2.0")
@@ -24,13 +24,13 @@ def _walk(node, depth=DEPTH):
 
 
 def _extents(node):
-    # The bindings of newer releases say the method of the interface otherwise.
+    # Called through the interface, because newer bindings name the node's method differently.
     box = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
     return box.x, box.y, box.width, box.height
 
 
 def panel_nodes(panel):
-    """What the programs of that name show, smaller than a tray icon may be: (node, role, name,
+    """The nodes of programs with that name that are small enough for a tray icon: (node, role, name,
     extents)."""
     found = []
     desktop = Atspi.get_desktop(0)
@@ -42,7 +42,7 @@ def panel_nodes(panel):
             for node in _walk(program):
                 found += _shown(node)
         except GLib.Error:
-            continue  # it has ended, or is too busy to answer
+            continue  # the program has ended or is too busy to answer
     return found
 
 
@@ -58,8 +58,8 @@ def _shown(node):
 
 
 def find_icon(panel, before, names):
-    """The box of what is named like the item, or else of what was not there @p before; None if there
-    is neither. The innermost counts, where there are several."""
+    """The box of the node named like the item, or else of a node that was not there @p before, or
+    None. If there are several, the innermost counts."""
     nodes = panel_nodes(panel)
     named = [node for node in nodes if node[2].strip().lower() in names and "button" in node[1]]
     known = {node[0] for node in before}

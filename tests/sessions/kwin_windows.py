@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The windows of a Plasma session as KWin knows them, asked by a script in it."""
+"""The windows of a Plasma session, as listed by a script in KWin."""
 import json
 import tempfile
 
@@ -37,7 +37,7 @@ class KWinWindows(dbus.service.Object):
         self.answer = windows
 
     def windows(self):
-        """From the lowest to the topmost."""
+        """From bottom to top."""
         self.answer = None
         scripting = dbus.Interface(
             self.bus.get_object("org.kde.KWin", "/Scripting", introspect=False),
@@ -45,7 +45,7 @@ class KWinWindows(dbus.service.Object):
         number = int(scripting.loadScript(self.path, NAME))
         script = self.bus.get_object("org.kde.KWin", f"/Scripting/Script{number}",
                                      introspect=False)
-        # Answered without blocking here, where the script's own answer comes in.
+        # Does not wait for a reply: the script's own answer arrives in this thread.
         script.run(dbus_interface="org.kde.kwin.Script", ignore_reply=True)
         try:
             answer = wait_for(lambda: self.answer, "KWin's windows", 10)

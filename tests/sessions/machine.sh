@@ -2,7 +2,7 @@
 # To be sourced after roots.sh: boots a root and runs commands in it.
 # shellcheck shell=bash disable=SC2154 # $scratch is the caller's
 
-# Until the condition holds; some desktops need minutes on a slow machine.
+# Waits until the condition holds. Some desktops need minutes on a slow machine.
 wait_until() {
     local deadline=$((SECONDS + $1)) what=$2
     shift 2
@@ -19,7 +19,7 @@ has_booted() {
         && in_machine systemctl is-active --quiet multi-user.target
 }
 
-# It ends with its watcher, and the watcher with this script.
+# The machine ends with its watcher, and the watcher ends with this script.
 boot_machine() {
     local root=$1
     setpriv --pdeathsig KILL unshare --mount --net --pid --uts --ipc --cgroup --fork --kill-child \

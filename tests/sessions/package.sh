@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-# To be sourced after roots.sh: the package of these sources, built on the release it is for. It is
-# kept until the sources change, and what was compiled is used again then.
+# To be sourced after roots.sh: builds the package from these sources on the release that it is for.
+# The package is kept until the sources change; later builds then reuse compiled files.
 # shellcheck shell=bash disable=SC2154 # $roots, $release and $scratch are the caller's
 
 install_build_packages() {
@@ -11,7 +11,7 @@ install_build_packages() {
     )
 }
 
-# Tests and pages are not part of the package.
+# Tests and documentation are not part of the package.
 list_sources() {
     git ls-files -z --cached --others --exclude-standard -- ':!tests' ':!docs' ':!scripts/session'
 }
@@ -25,7 +25,7 @@ copy_sources() {
     mkdir -p "$folder"
     find "$folder" -mindepth 1 -maxdepth 1 ! -name build -exec rm -rf {} +
     list_sources | tar -c --null --ignore-failed-read -T - 2>/dev/null | tar -x --no-same-owner -C "$folder"
-    mkdir -p "$folder/tests" # the build asks for none, but looks
+    mkdir -p "$folder/tests" # not built, but the folder must exist
 }
 
 # Prints the package's path.
@@ -37,7 +37,7 @@ build_package() {
     echo "$roots/$release/$folder"/tovla_*.deb
 }
 
-# What was compiled is used again by the same tree only: files of two trees differ in age as well.
+# Compiled files are reused only for the same source tree, because file times differ between trees.
 fill_package() {
     local folder=$1 root=$scratch/building compiled
     compiled=$roots/$release/compiled/$(pwd | sha256sum | cut -c 1-16)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What pictures tell without eyes. A box is left, top, right and bottom."""
+"""Analyses screenshots. A box is left, top, right and bottom."""
 from collections import Counter
 
 from PIL import Image, ImageChops
@@ -8,7 +8,7 @@ from waiting import InVain, wait_for
 
 
 def changed_box(before, after, outside=None, threshold=24):
-    """The box around all that changed, or None. @p outside is a box not to look at."""
+    """The box around everything that changed, or None. @p outside is a box to ignore."""
     difference = ImageChops.difference(before, after).convert("L").point(
         lambda value: 255 if value > threshold else 0)
     if outside:
@@ -17,7 +17,7 @@ def changed_box(before, after, outside=None, threshold=24):
 
 
 def still_picture(screen, outside=None, patience=15):
-    """The screen once it shows the same twice, but for what blinks in the box @p outside."""
+    """The screen once two screenshots are the same, ignoring what blinks in the box @p outside."""
     last = screen.picture()
 
     def is_still():
@@ -30,7 +30,7 @@ def still_picture(screen, outside=None, patience=15):
 
 
 def settled_picture(screen):
-    """For people to look at: once what opens is drawn, though a caret may go on blinking."""
+    """A screenshot for people, once windows are drawn, even if a caret keeps blinking."""
     try:
         return still_picture(screen, patience=5)
     except InVain:
@@ -38,7 +38,7 @@ def settled_picture(screen):
 
 
 def strip_around(box, picture, margin=14):
-    """The rows of a panel that has something in that box, in the whole width."""
+    """The panel around that box, across the full width of the screen."""
     return (0, max(0, box[1] - margin), picture.width, min(picture.height, box[3] + margin))
 
 
@@ -50,8 +50,8 @@ def _luminance(color):
 
 
 def contrast(picture, box):
-    """Between the box's most frequent colour, taken for its background, and what differs most from
-    it, as WCAG 2 measures: 1 is nothing to be seen, 21 is black on white."""
+    """The contrast (WCAG 2) between the box's most frequent colour, assumed to be its background,
+    and the colour that differs most from it: 1 is invisible, 21 is black on white."""
     colors = Counter(picture.crop(box).getdata())
     ground = _luminance(colors.most_common(1)[0][0])
     ratios = [(max(ground, other) + 0.05) / (min(ground, other) + 0.05)

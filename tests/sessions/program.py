@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Tovla as its user has it: started at login, asked over the bus, its day files."""
+"""Tovla as used in a session: started at login, controlled over the bus, its day files."""
 import subprocess
 from datetime import date
 from pathlib import Path
@@ -19,9 +19,9 @@ def pid():
 
 
 def start():
-    """As a desktop does that runs it at login."""
+    """Starts the program the way a desktop does at login."""
     subprocess.run(["systemd-run", "--user", "--quiet", "tovla"], check=True)
-    # Until it has its name: an action asked for earlier would start a second one.
+    # Waits for its bus name: an action before that would start a second copy.
     wait_for(lambda: dbus.SessionBus().name_has_owner(APPLICATION), "the program on the bus")
 
 
@@ -50,7 +50,7 @@ def day_file():
 
 
 def platform():
-    """Which display the program draws on, told by what it has loaded."""
+    """The display system that the program uses, judging by the libraries that it has loaded."""
     maps = Path(f"/proc/{pid()}/maps").read_text(encoding="utf-8")
     if "libqwayland" in maps:
         return "Wayland"

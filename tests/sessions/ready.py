@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: MIT
-"""Waits until the session of the named desktop can be worked with."""
+"""Waits until the session of the named desktop is ready for use."""
 import os
 import sys
 
 import dbus
 
-import tray  # noqa: F401 - it gives the buses their main loop
+import tray  # noqa: F401 - sets the main loop of the buses
 from desktops import DESKTOPS
 from pictures import still_picture
 from tray import Tray
@@ -14,7 +14,7 @@ from x11_windows import has_old_tray
 
 
 def has_started(desktop):
-    """Told by what comes last: the panel's tray, or the shell itself."""
+    """Checks for what comes up last: the panel's tray, or the shell itself."""
     if not desktop.tray:
         try:
             return desktop.screen.evaluate("!Main.layoutManager._startingUp")
@@ -24,7 +24,7 @@ def has_started(desktop):
 
 
 def leave_overview(desktop):
-    """GNOME shows it after login, over everything."""
+    """GNOME shows the overview over everything after login."""
     if desktop.gnome:
         desktop.screen.evaluate("Main.overview.hide(); 0")
         wait_for(lambda: not desktop.screen.evaluate("Main.overview.visible"), "the overview to go")
@@ -33,7 +33,7 @@ def leave_overview(desktop):
 def open_desktop(name):
     desktop = DESKTOPS[name]
     wait_for(lambda: os.path.exists("/run/user/1000/bus"), "the session's bus")
-    os.environ.setdefault("DISPLAY", ":41")  # what the session says of itself is not known yet
+    os.environ.setdefault("DISPLAY", ":41")  # the session's own environment is not known yet
     desktop.open()
     wait_for(lambda: has_started(desktop), "the desktop to start", 120)
     leave_overview(desktop)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What was seen, a line a check, for the terminal and for a page."""
+"""Reports the result of each check on one line, for the terminal and for a Markdown page."""
 import subprocess
 from datetime import date
 from pathlib import Path
@@ -8,11 +8,11 @@ PICTURES = Path("/srv/pictures")
 
 
 class Failed(Exception):
-    """A check saw something else than it should."""
+    """A check found something other than it should."""
 
 
 class NotRun(Exception):
-    """A check could not be made."""
+    """A check could not be run."""
 
 
 class Report:
@@ -22,14 +22,14 @@ class Report:
         self.rows = []
 
     def check(self, name, run):
-        """@p run returns what was seen, and raises Failed or NotRun."""
+        """@p run returns the result, or raises Failed or NotRun."""
         try:
             status, seen = "passed", run()
         except Failed as failure:
             status, seen = "failed", str(failure)
         except NotRun as reason:
             status, seen = "not run", str(reason)
-        except Exception as failure:  # one check that breaks must not hide what the others see
+        except Exception as failure:  # one broken check must not hide the results of the others
             status, seen = "not run", f"{type(failure).__name__}: {failure}".splitlines()[0]
         self.rows.append((name, status, seen or ""))
         print(f"{status:8} {name}: {seen or ''}", flush=True)
@@ -51,7 +51,7 @@ class Report:
 
 
 def version_of(package):
-    """Without Debian's own part, or None where it is not installed."""
+    """The version without Debian's revision, or None if the package is not installed."""
     found = subprocess.run(["dpkg-query", "-W", "-f", "${Version}", package], text=True,
                            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL).stdout
     return found.split(":")[-1].split("+")[0].rsplit("-", 1)[0] or None

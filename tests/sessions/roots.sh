@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-# To be sourced: Debian systems in folders, made once and kept in $roots. Each release has a base; what
-# a desktop or a build needs besides is an overlay of its own over it, and what a run changes is kept
-# in memory. The caller is root, in a mount namespace of its own, and names the $release.
+# To be sourced: Debian systems in folders, created once and kept in $roots. Each release has a base.
+# Each desktop and the build have an overlay on top of it, and the changes of a run stay in memory.
+# The caller is root, in its own mount namespace, and sets $release.
 # shellcheck shell=bash disable=SC2154,SC2034 # $roots and $release are the caller's
 
 base_packages="systemd systemd-sysv dbus dbus-user-session libpam-systemd libnss-systemd polkitd
@@ -9,15 +9,15 @@ base_packages="systemd systemd-sysv dbus dbus-user-session libpam-systemd libnss
     python3-dbus python3-gi python3-pil gir1.2-atspi-2.0 at-spi2-core libglib2.0-bin dconf-gsettings-backend
     libgl1-mesa-dri libegl1 libegl-mesa0 libgles2 xkb-data locales-all fonts-cantarell fonts-dejavu-core
     ca-certificates"
-# What a desktop of GTK or Qt takes for granted, though no package insists on it: pictures as SVG.
+# GTK and Qt desktops expect SVG support, but no package depends on it.
 common_packages="librsvg2-common hicolor-icon-theme gnome-themes-extra"
 
-# Runs a command; what it prints is shown only where it fails.
+# Runs a command and shows its output only if it fails.
 quietly() {
     "$@" >"$scratch/log" 2>&1 || { tail -n 40 "$scratch/log" >&2; return 1; }
 }
 
-# Where this machine gets its own packages from.
+# The mirror that this machine gets its own packages from.
 find_mirror() {
     # shellcheck disable=SC2016 # the fields are for apt to expand
     apt-get indextargets --format '$(REPO_URI) $(LABEL)' 'Created-By: Packages' \
@@ -37,13 +37,22 @@ install_in() {
     quietly in_root "$root" apt-get -y --no-install-recommends install "$@"
 }
 
-# The sources and the habits of this machine's apt, for the other release.
+# Unstable has neither updates nor security updates of its own.
+leave_offered() {
+    if [ "$release" = sid ]; then
+        awk -v RS= -v ORS='\n\n' '!/sid-security/ { gsub(/ sid-updates/, ""); print }'
+    else
+        cat
+    fi
+}
+
+# Copies the sources and settings of this machine's apt, adapted to the release.
 copy_apt_settings() {
     local root=$1 own file
     own=$(. /etc/os-release && echo "$VERSION_CODENAME")
     rm -f "$root/etc/apt/sources.list"
     for file in /etc/apt/sources.list.d/debian*.sources; do
-        sed "s/\b$own\b/$release/g" "$file" >"$root/etc/apt/sources.list.d/${file##*/}"
+        sed "s/\b$own\b/$release/g" "$file" | leave_offered >"$root/etc/apt/sources.list.d/${file##*/}"
     done
     for file in /etc/apt/apt.conf.d/99*; do
         [ -e "$file" ] && cp "$file" "$root/etc/apt/apt.conf.d/"
@@ -54,7 +63,7 @@ copy_apt_settings() {
     chmod +x "$root/usr/sbin/policy-rc.d"
 }
 
-# What is downloaded serves all layers of a release.
+# All layers of a release share their downloads.
 share_downloads() {
     mkdir -p "$roots/$release/downloads/partial"
     mount --bind "$roots/$release/downloads" "$1/var/cache/apt/archives"
@@ -65,13 +74,32 @@ unshare_downloads() {
     umount "$1/proc" "$1/var/cache/apt/archives"
 }
 
-# What packages want of a root before it is booted.
+# What packages need in a root before it is booted.
 open_root() {
     mount -t proc proc "$1/proc"
     cp --dereference /etc/resolv.conf "$1/etc/resolv.conf"
 }
 
-# One root is made at a time, for two runs may want the same, and apt allows one to download.
+# What programs need in a root, with /dev holding no more of this machine's devices than they may use.
+mount_devices() {
+    local root=$1 device number
+    mount -t tmpfs -o mode=755 tmpfs "$root/dev"
+    for device in null zero full random urandom tty fuse; do
+        [ -e "/dev/$device" ] || continue
+        touch "$root/dev/$device"
+        mount --bind "/dev/$device" "$root/dev/$device"
+    done
+    mkdir "$root/dev/pts" "$root/dev/shm"
+    mount -t devpts -o newinstance,ptmxmode=0666,mode=620,gid=5 devpts "$root/dev/pts"
+    mount -t tmpfs -o mode=1777 tmpfs "$root/dev/shm"
+    ln -s pts/ptmx "$root/dev/ptmx"
+    ln -s /proc/self/fd "$root/dev/fd"
+    for number in 0:stdin 1:stdout 2:stderr; do
+        ln -s "/proc/self/fd/${number%:*}" "$root/dev/${number#*:}"
+    done
+}
+
+# Creates one root at a time: two runs may need the same one, and apt allows only one to download.
 make_root() {
     local folder=$roots/$release/$1
     [ -d "$folder" ] && return
@@ -91,22 +119,29 @@ make_base() {
     make_root base fill_base
 }
 
+# fill_minimal ROOT PACKAGE… makes a system with no more than the packages.
+fill_minimal() {
+    local root=$1
+    shift
+    mkdir -p "$root"
+    quietly debootstrap --variant=minbase "$release" "$root" "$(find_mirror)"
+    copy_apt_settings "$root"
+    share_downloads "$root"
+    quietly in_root "$root" apt-get update
+    install_in "$root" "$@"
+    unshare_downloads "$root"
+}
+
 fill_base() {
     local base=$1
-    mkdir -p "$base"
-    quietly debootstrap --variant=minbase "$release" "$base" "$(find_mirror)"
-    copy_apt_settings "$base"
-    share_downloads "$base"
-    quietly in_root "$base" apt-get update
     # shellcheck disable=SC2086 # a list of names
-    install_in "$base" $base_packages
-    unshare_downloads "$base"
+    fill_minimal "$base" $base_packages
     in_root "$base" useradd --create-home --shell /bin/bash ann
     in_root "$base" dbus-uuidgen >"$base/etc/machine-id"
 }
 
-# Mounts at ROOT the base with the layers LOWER (the uppermost first, none may be given) and what is
-# changed in CHANGES.
+# mount_layers ROOT CHANGES [LAYER…] mounts the base with the layers over it (each above the one
+# before) at ROOT; changes go to CHANGES.
 mount_layers() {
     local root=$1 changes=$2 lower=$roots/$release/base layer
     shift 2
@@ -117,7 +152,7 @@ mount_layers() {
     mount -t overlay overlay -o "lowerdir=$lower,upperdir=$changes,workdir=$changes.work" "$root"
 }
 
-# Makes the layer NAME over the base by a command that is given the root's folder.
+# make_layer NAME COMMAND… creates a layer over the base with a command that gets the root's folder.
 make_layer() {
     make_root "$1" fill_layer "${@:2}"
 }

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The windows of a sway session as sway knows them."""
+"""The windows of a sway session, as listed by sway."""
 import json
 import subprocess
 
@@ -14,7 +14,7 @@ def _walk(node):
 
 class SwayWindows:
     def windows(self):
-        """Those that float after those that are tiled."""
+        """Tiled windows first, then floating ones."""
         tree = json.loads(subprocess.run(["swaymsg", "-r", "-t", "get_tree"], check=True,
                                          stdout=subprocess.PIPE).stdout)
         return [self._window(node) for node in _walk(tree)

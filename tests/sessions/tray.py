@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The tray item as the bus shows it, and what a panel asks of it."""
+"""The tray item as seen on the bus, and the panel's calls to it."""
 import dbus
 import dbus.lowlevel
 from dbus.mainloop.glib import DBusGMainLoop
@@ -31,7 +31,7 @@ class Tray:
             return False
 
     def item(self, program="tovla"):
-        """The properties of the item of the running program with that name, or None."""
+        """The properties of the tray item of the running program with that name, or None."""
         for name in self._watcher_property("RegisteredStatusNotifierItems") or []:
             # GNOME's extension writes an "@" between the two.
             service, slash, path = str(name).replace("@", "").partition("/")
@@ -39,7 +39,7 @@ class Tray:
                 if self._program(service) == program:
                     return self._properties(service, slash + path or "/StatusNotifierItem")
             except (dbus.DBusException, OSError):
-                continue  # it has gone meanwhile
+                continue  # it has disappeared in the meantime
         return None
 
     def _program(self, service):
@@ -55,7 +55,7 @@ class Tray:
 
 
 def described(item):
-    """The properties in a few words each; of pixmaps the sizes."""
+    """A short text for each property; for pixmaps, their sizes."""
     def say(name, value):
         if name.endswith("Pixmap"):
             return ", ".join(f"{width}×{height}" for width, height, _ in value) or "none"
@@ -67,7 +67,7 @@ def described(item):
 
 
 class Listener:
-    """Hears what the panel calls at an item and at its menu, and so tells who draws the menu."""
+    """Records the panel's calls to the item and its menu, which show who draws the menu."""
 
     def __init__(self):
         self.calls = []
@@ -91,7 +91,7 @@ class Listener:
         return dbus.lowlevel.HANDLER_RESULT_HANDLED  # a monitor must not answer
 
     def heard(self):
-        """Each call once, in the order of the first, since the last time it was asked."""
+        """The calls since the last time, without repetitions, in the order of their first use."""
         comes(lambda: self.calls, 1)
         calls, self.calls = list(dict.fromkeys(self.calls)), []
         return calls

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The tray item: that it is there, what its icon looks like, and what a click brings."""
+"""Checks of the tray item: its presence, its icon, and what clicks do."""
 import os
 import subprocess
 
@@ -11,7 +11,7 @@ from tray import Listener, Tray, described
 from waiting import comes
 from x11_windows import docked_icon, popups
 
-# Below this a symbol cannot be told from its ground (WCAG 2.1, 1.4.11).
+# The least contrast for a symbol to stand out from its background (WCAG 2.1, 1.4.11).
 LEAST_CONTRAST = 3
 BUTTONS = {"left": 1, "right": 3}
 
@@ -50,7 +50,7 @@ class TrayChecks:
         return docked_icon() if self.desktop.old_tray else self.tray.item()
 
     def icon_in_panel(self):
-        """Told by what is new in the panel: the program is started once more, while we look."""
+        """Restarts the program and looks for what is new in the panel."""
         program.quit_program()
         if not self.desktop.tray:
             program.start()
@@ -68,7 +68,7 @@ class TrayChecks:
         return f"{right - left}×{bottom - top} at {left}, {top}"
 
     def box(self):
-        """Where the icon is once the panel has done with moving it."""
+        """The position of the icon, once the panel no longer moves it."""
         if not self.desktop.tray:
             raise NotRun("the desktop has no tray")
         if not comes(self.find, 10):
@@ -77,7 +77,7 @@ class TrayChecks:
         return self.find()
 
     def find_in_picture(self, without):
-        """For panels whose applets have no accessibility tree: what the second start has changed."""
+        """For panels without an accessibility tree: finds what the second start changed."""
         box = changed_box(without, still_picture(self.screen))
         if box and box[2] - box[0] <= 96 and box[3] - box[1] <= 64:
             self.new_in_picture = box
@@ -98,7 +98,7 @@ class TrayChecks:
         said = described(item)
         line = "; ".join(f"{name} {value}" for name, value in said.items())
         wrong = [f"Title is {said.get('Title')}"] * (str(item.get("Title")) != "Tovla")
-        # Where a program knows the place of a click, a left one opens its own menu.
+        # On X11, where the program knows the position of a click, a left click opens its own menu.
         is_menu = os.environ["XDG_SESSION_TYPE"] == "wayland"
         wrong += [f"ItemIsMenu is not {is_menu}"] * (bool(item.get("ItemIsMenu")) != is_menu)
         wrong += [f"Id is {said.get('Id')}"] * (str(item.get("Id", "")).isdigit())
@@ -126,7 +126,7 @@ class TrayChecks:
         return seen
 
     def contrast_from_start(self):
-        """Some panels colour an icon when it comes, and not again with the look."""
+        """Some panels recolour an icon when it appears, but not when the appearance changes."""
         program.quit_program()
         program.start()
         comes(self.is_shown, 20)
@@ -160,8 +160,8 @@ class TrayChecks:
         return f"menu at the icon, {seen}"
 
     def close_menu(self, before, strip):
-        """True if it went as menus do; if it did not, the program is started anew."""
-        # A click on some desktops opens a menu of their own, which the second Escape closes.
+        """Whether the menu closed as menus do; if not, the program is restarted."""
+        # On some desktops the click opens the desktop's own menu, which the second Escape closes.
         for close, *arguments in ((self.screen.press, "Escape"), (self.screen.click, 300, 600),
                                   (self.screen.press, "Escape")):
             close(*arguments)
@@ -173,7 +173,7 @@ class TrayChecks:
 
 
 def is_at_icon(box, icon, strip):
-    """It begins beside the panel, and has the icon above or below it; shadows may be around."""
+    """The menu begins next to the panel, directly above or below the icon, give or take a shadow."""
     middle = (icon[0] + icon[2]) / 2
     beside = box[1] <= strip[3] + 8 if strip[1] < 200 else box[3] >= strip[1] - 8
     return beside and box[0] - 48 <= middle <= box[2] + 48

@@ -1,16 +1,16 @@
 # SPDX-License-Identifier: MIT
-"""Waiting for a condition, with a deadline, while the buses go on being served."""
+"""Waits for a condition with a deadline, and keeps serving the buses meanwhile."""
 import time
 
 from gi.repository import GLib
 
 
 class InVain(Exception):
-    """What was waited for did not come about."""
+    """The condition did not come true in time."""
 
 
 def wait_for(condition, what, patience=30):
-    """Returns what the condition returned once that is true."""
+    """Waits until the condition's result is true, and returns it."""
     context = GLib.MainContext.default()
     deadline = time.monotonic() + patience
     while True:
@@ -26,7 +26,7 @@ def wait_for(condition, what, patience=30):
 
 
 def comes(condition, patience=5):
-    """Whether it comes about at all."""
+    """Like wait_for, but returns a false value instead of raising InVain."""
     try:
         return wait_for(condition, "", patience)
     except InVain:

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The card and the settings: that they come up over another program, and what windows they are."""
+"""Checks of the card and the settings: that they open over another program, and their properties."""
 import re
 import subprocess
 
@@ -51,7 +51,7 @@ class WindowChecks:
         settled_picture(self.screen)
 
     def card_over_editor(self):
-        """Asked for while somebody types on, as the timer would open it."""
+        """Opens the card while the user keeps typing, as the timer would."""
         self.open_editor()
         self.screen.type("words for another program ")
         asking = subprocess.Popen(["gapplication", "action", program.APPLICATION, "write-now"])
@@ -100,14 +100,14 @@ class WindowChecks:
             raise Failed("no active window of that title (settings.png)")
         wrong = ["can be maximised"] * (window.maximizable is True)
         wrong += ["in the taskbar"] * (window.in_taskbar is True)
-        # From where would they come back?
+        # Without a taskbar entry, minimised settings could not be restored.
         wrong += ["can be minimised"] * (window.minimizable is True and not window.in_taskbar)
         if wrong:
             raise Failed(f"{', '.join(wrong)}: {window.described()} (settings.png)")
         return f"{window.described()} (settings.png)"
 
     def settings_again(self):
-        """Behind a program that is opened after them."""
+        """Requests the settings again while they are behind another program."""
         second = subprocess.Popen(["xterm"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         if not comes(lambda: self.active(lambda window: "tovla" not in window.program), 15):
             raise NotRun("no other program came before them")

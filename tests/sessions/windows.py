@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What a compositor or window manager says of a window. None is what it does not tell."""
+"""What a compositor or window manager says about a window; None if it does not say."""
 from dataclasses import dataclass
 
 

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""Pictures, pointer and keys of a session on an X display: its own, or the outer one in which a
-Wayland compositor has a window as large as the display."""
+"""Screenshots, pointer and keys for a session on an X display: its own, or the outer one, which a
+Wayland compositor fills with its window."""
 import io
 import os
 import subprocess
@@ -19,7 +19,7 @@ class X11Screen:
                               stderr=subprocess.PIPE).stdout
 
     def picture(self):
-        # Not without -silent: each picture rings the bell, over which some window managers stop.
+        # Without -silent, each screenshot rings the bell, at which some window managers stop.
         picture = self._run("import", "-silent", "-window", "root", "png:-")
         return Image.open(io.BytesIO(picture)).convert("RGB")
 
@@ -27,12 +27,12 @@ class X11Screen:
         self._run("xdotool", "mousemove", str(x), str(y))
 
     def click(self, x, y, button=1):
-        """In two steps, as a hand does: some panels want the pointer before the button."""
+        """Moves in two steps, like a hand: some panels need to see the pointer before the click."""
         self.move(x - 2, y - 2)
         self._run("xdotool", "mousemove", "--sync", str(x), str(y), "click", str(button))
 
     def press(self, keys):
-        """For example "Control+Return"."""
+        """Presses keys, for example "Control+Return"."""
         self._run("xdotool", "key", "+".join(KEYS.get(key, key) for key in keys.split("+")))
 
     def type(self, text):

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The windows of a session as its X display knows them; on Wayland those that come by XWayland."""
+"""The windows of a session as listed by its X display; on Wayland, those on XWayland."""
 import re
 import subprocess
 
@@ -28,20 +28,20 @@ def _box(number):
 
 
 def popups(program="tovla"):
-    """The menus that the program draws itself: they are shown without the window manager."""
+    """The menus drawn by the program itself, which bypass the window manager."""
     return [number for number in _shown(program)
             if "Override Redirect State: yes" in _output("xwininfo", "-id", number)]
 
 
 def docked_icon(program="tovla"):
-    """The box of the window that it has put into the old system tray, which lies in the panel's."""
+    """The box of the window that the program has put into the XEmbed tray."""
     return next((_box(number) for number in _shown(program)
                  if "_XEMBED_INFO" in _output("xprop", "-id", number)), None)
 
 
 def has_old_tray():
-    """A tray announces itself by owning a selection, which only a client that asks can see; its
-    window says which way its icons lie."""
+    """A tray announces itself by owning a selection, but no command-line tool shows that. Its window
+    has a property for the orientation of its icons."""
     found = _output("xdotool", "search", "--name", ".*").split()
     return any("_NET_SYSTEM_TRAY_ORIENTATION(" in _output("xprop", "-id", number)
                for number in found)
@@ -49,7 +49,7 @@ def has_old_tray():
 
 class X11Windows:
     def windows(self):
-        """From the lowest to the topmost."""
+        """From bottom to top."""
         root = _output("xprop", "-root", "_NET_CLIENT_LIST_STACKING", "_NET_ACTIVE_WINDOW")
         stacking, _, active = root.partition("_NET_ACTIVE_WINDOW")
         active = _numbers(active)[:1]

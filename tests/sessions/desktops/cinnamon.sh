@@ -8,7 +8,7 @@ session_name=cinnamon
 environment=DISPLAY=:41
 start='dbus-update-activation-environment --systemd --all; exec cinnamon-session-cinnamon'
 
-# Cinnamon asks at login for a password, over everything, where colord knows no seat.
+# Without a seat for colord, Cinnamon covers the screen with a password dialog at login.
 prepare_desktop() {
     ln -s /dev/null "$1/etc/systemd/system/colord.service"
 }

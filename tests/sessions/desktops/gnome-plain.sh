@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # shellcheck shell=bash disable=SC2034,SC2154 # to be sourced by scripts/session
-# GNOME as it comes from its makers, without a tray.
+# GNOME without extensions, which has no tray.
 . tests/sessions/desktops/gnome.sh
 extensions=""
 layer=gnome

@@ -8,7 +8,7 @@ session_name=gnome
 start='exec gnome-session'
 extensions="'ubuntu-appindicators@ubuntu.com'"
 
-# Its own display, and by the unsafe mode the checks see and drive it.
+# GNOME uses its own virtual display. The checks observe and drive it through unsafe mode.
 prepare_desktop() {
     local unit=$1/etc/systemd/user/org.gnome.Shell@wayland.service.d
     mkdir -p "$unit"

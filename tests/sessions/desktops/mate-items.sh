@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # shellcheck shell=bash disable=SC2034,SC2154 # to be sourced by scripts/session
-# MATE as somebody has set it who wants StatusNotifierItem; by itself it has the old system tray.
+# MATE with StatusNotifierItem enabled; its default is the XEmbed tray.
 . tests/sessions/desktops/mate.sh
 layer=mate
 

@@ -7,7 +7,7 @@ desktop_names=KDE
 session_name=plasma
 start='exec startplasma-wayland'
 
-# KWin opens a window on the outer screen.
+# KWin runs in a window on the outer screen.
 prepare_desktop() {
     local unit=$1/etc/systemd/user/plasma-kwin_wayland.service.d
     mkdir -p "$1/home/ann/.config"

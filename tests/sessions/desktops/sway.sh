@@ -5,13 +5,13 @@ packages="sway waybar foot xwayland xdg-desktop-portal xdg-desktop-portal-gtk xd
 session_type=wayland
 desktop_names=sway
 session_name=sway
-# The compositor opens a window on the outer screen; nothing inside may take that one for its own.
+# The compositor runs in a window on the outer screen, which programs inside must not use directly.
 start='exec env DISPLAY=:41 WLR_BACKENDS=x11 WLR_RENDERER=pixman sway'
 
 prepare_desktop() {
     local settings=$1/home/ann/.config
     mkdir -p "$settings/sway" "$settings/waybar"
-    # waybar in the place of the plain bar, and Tovla, as its users would write it.
+    # Adds waybar instead of the default bar, and Tovla, as users would configure it.
     sed -i '/^bar {/a\    swaybar_command waybar' "$1/etc/sway/config"
     cat >"$settings/sway/config" <<SETTINGS
 include /etc/sway/config
