@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The least that a Qt program with a tray icon and a menu of five items can be.
+// A minimal Qt program with a tray icon and a menu of five items.
 #include <QApplication>
 #include <QMenu>
 #include <QPainter>

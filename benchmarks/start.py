@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
-"""What starting costs, beside the least that a Qt tray program can be: start.py BUILD_DIR [DESKTOP]
+"""Compares the cost of startup with a minimal Qt tray program: start.py BUILD_DIR [DESKTOP]
 
-Instructions are callgrind's, from the start until the program is quiet; they repeat to 0.1 %.
-Memory is the process's own (Private_Dirty), five seconds after the item is in the tray. DESKTOP is
-a value for XDG_CURRENT_DESKTOP, for example GNOME.
+Instructions are counted by callgrind from the start until the program is idle; the counts repeat to
+within 0.1 %. Memory is the process's private memory (Private_Dirty) five seconds after the item is
+in the tray. DESKTOP is a value for XDG_CURRENT_DESKTOP, for example GNOME.
 """
 import os
 import re
@@ -46,8 +46,8 @@ def start(desktop, *command):
 
 
 def warm_up(desktop):
-    """GTK keeps what it finds out about a display in a property of its root window: on GNOME the
-    first program that loads it would pay for all others."""
+    """GTK stores what it finds out about a display in a property of the root window: on GNOME, the
+    first program that loads GTK would pay for all later ones."""
     process = start(desktop, PROGRAMS["bare"])
     process.kill()
     process.wait()
@@ -79,7 +79,7 @@ def private_dirty(desktop, program):
 
 def main():
     desktop = Desktop(compositor=False)
-    desktop.tray.is_strict = False  # the bare item describes itself less exactly
+    desktop.tray.is_strict = False  # the bare item has fewer properties
     os.environ.pop("QT_LINUX_ACCESSIBILITY_ALWAYS_ON")
     if len(sys.argv) > 2:
         os.environ["XDG_CURRENT_DESKTOP"] = sys.argv[2]

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a key costs in the prompt, beside what it costs in the toolkit's bare text widget, in the
-// same run: processor time of this process for the key, the measuring and the repainting.
+// Compares the cost of a keystroke in the prompt with the toolkit's bare text widget, in the same
+// run: this process's processor time for handling the key, measuring the text and repainting.
 #include "look/Fonts.h"
 #include "look/Look.h"
 #include "prompt/BareTextEditor.h"
@@ -67,7 +67,7 @@ double median(std::vector<double> &values)
     return *middle;
 }
 
-/// The two editors, in turn, so that both meet the same moods of the machine.
+/// Alternates between the two editors, so that changes in the machine's load affect both alike.
 void compare(const char *what, const QString &text, QPlainTextEdit &ours, QPlainTextEdit &bare,
              int keys)
 {
@@ -117,10 +117,9 @@ int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
     const PlainAppearance appearance;
-    PromptView view({.onSubmit = [](const QString &) {},
-                     .onCancel = [] {},
-                     .onHeightChange = [&view] { view.resize(view.sizeHint()); }},
-                    look(appearance, ColorScheme::Light), nullptr);
+    PromptView view(
+        {.onSubmit = [](const QString &) {}, .onCancel = [] {}},
+        [&view] { view.resize(view.sizeHint()); }, look(appearance, ColorScheme::Light), nullptr);
     view.resize(view.sizeHint());
     view.show();
     auto &ours = *view.findChild<BareTextEditor *>();

@@ -2,10 +2,10 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en">
 <context>
-    <name>AlertBox</name>
+    <name>AlertWindow</name>
     <message>
-        <source>Warning</source>
-        <translation>Warning</translation>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -24,14 +24,6 @@
     <message>
         <source>Choose…</source>
         <translation>Choose…</translation>
-    </message>
-    <message>
-        <source>Choose</source>
-        <translation>Choose</translation>
-    </message>
-    <message>
-        <source>The name of this folder is not valid UTF-8, so Tovla would not find it again. Rename it, or choose another one.</source>
-        <translation>The name of this folder is not valid UTF-8, so Tovla would not find it again. Rename it, or choose another one.</translation>
     </message>
 </context>
 <context>
@@ -70,6 +62,24 @@
     <message>
         <source>No folder selected</source>
         <translation>No folder selected</translation>
+    </message>
+</context>
+<context>
+    <name>PromptWindow</name>
+    <message>
+        <source>A note is being written</source>
+        <translation></translation>
+    </message>
+</context>
+<context>
+    <name>SettingsView</name>
+    <message>
+        <source>Choose</source>
+        <translation>Choose</translation>
+    </message>
+    <message>
+        <source>The name of this folder is not valid UTF-8, so Tovla would not find it again. Rename it, or choose another one.</source>
+        <translation>The name of this folder is not valid UTF-8, so Tovla would not find it again. Rename it, or choose another one.</translation>
     </message>
 </context>
 <context>
@@ -149,6 +159,10 @@
     <message>
         <source>⌘↵ to save · esc to cancel</source>
         <translation>Ctrl+↵ to save · esc to cancel</translation>
+    </message>
+    <message>
+        <source>Command Return to save, Escape to cancel</source>
+        <translation>Control Return to save, Escape to cancel</translation>
     </message>
 </context>
 <context>

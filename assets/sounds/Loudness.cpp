@@ -32,7 +32,7 @@ struct Analogue {
     double low;
 };
 
-// The bilinear transform, so that the weighting is right at this sample rate too.
+// The bilinear transform, so that the weighting is correct at this sample rate too.
 Section digital(const Analogue &analogue)
 {
     const double warped = std::tan(std::numbers::pi * analogue.corner / sampleRate);
@@ -46,7 +46,7 @@ Section digital(const Analogue &analogue)
             {2.0 * (square - 1.0) / scale, (1.0 - damped + square) / scale}};
 }
 
-// The shelf that stands for the head: about 4 dB above 2 kHz.
+// A shelf filter that models the head: about 4 dB above 2 kHz.
 Section headShelf()
 {
     const double high = std::pow(10.0, 3.999843853973347 / 20.0);
@@ -54,8 +54,8 @@ Section headShelf()
     return digital({1681.974450955533, 0.7071752369554196, high, middle, 1.0});
 }
 
-// The high-pass that stands for the ear's poor hearing of very low tones. Its numerator is
-// left at unit gain, as the recommendation gives it.
+// A high-pass filter that models the ear's low sensitivity to very low tones. Its numerator is left
+// at unit gain, as in the recommendation.
 Section lowCut()
 {
     Section section = digital({38.13547087602444, 0.5003270373238773, 1.0, 0.0, 0.0});
@@ -80,7 +80,7 @@ Samples filtered(const Samples &samples, const Section &section)
     return result;
 }
 
-// The highest mean square, in decibels, of any window of 400 ms.
+// The highest mean square of any 400 ms window, in decibels.
 double loudestWindow(const Samples &samples)
 {
     const std::size_t window = frameCount(windowSeconds);

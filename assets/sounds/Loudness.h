@@ -9,7 +9,7 @@ namespace Synthesis
 // The highest absolute value, in decibels relative to full scale.
 double peakLevel(const Samples &samples);
 
-// The loudest 400 ms, as plain root mean square in decibels relative to full scale.
+// The unweighted root mean square of the loudest 400 ms, in decibels relative to full scale.
 double loudestLevel(const Samples &samples);
 
 // The loudest 400 ms after K-weighting as in ITU-R BS.1770, ungated, in LUFS: the maximum

@@ -11,18 +11,18 @@ namespace Synthesis
 
 namespace
 {
-// In seconds: silence before the onset, then the fades, so that no end can click.
+// In seconds: the silence before the onset, and the fades, which prevent clicks at the ends.
 constexpr double leadIn = 0.002;
 constexpr double fadeIn = 0.001;
 constexpr double fadeOut = 0.08;
 
-// Range of the gain before saturation: the first leaves the sound as it is, the second is a
-// stop nobody should reach.
+// The range of the gain before saturation: the first leaves the sound practically unchanged, the
+// second is a limit that no sound should reach.
 constexpr double leastDrive = 0.01;
 constexpr double mostDrive = 20.0;
 
-// The saturation curve: straight for small values, never beyond 1, and made of correctly
-// rounded operations only, so that it is the same on every machine.
+// The saturation curve: linear for small values and never above 1. It uses only correctly rounded
+// operations, so that it is the same on every machine.
 double saturated(double value)
 {
     return value / std::sqrt(1.0 + value * value);
@@ -80,7 +80,7 @@ Samples mastered(const Samples &raw)
     scaleToPeak(samples, 0.0);
     double low = leastDrive;
     double high = mostDrive;
-    // More drive is always louder once the peak is set, so halving the interval finds the drive.
+    // With the peak fixed, more drive is always louder, so bisection finds the drive.
     for (int step = 0; step < 24; ++step) {
         const double middle = std::sqrt(low * high);
         (perceivedLevel(driven(samples, middle)) < targetLevel ? low : high) = middle;

@@ -9,16 +9,16 @@
 namespace Synthesis
 {
 
-// A sound by name, and the function that makes it before mastering.
+// The name of a sound, and the function that generates it before mastering.
 struct Recipe {
     std::string_view name;
     Samples (*make)();
 };
 
-// All fourteen, in the order in which they are listed to people.
+// All fourteen sounds, in the order in which they are listed.
 std::span<const Recipe> recipes();
 
-// The finished sound: made, then mastered.
+// Generates and masters the sound.
 Samples finished(const Recipe &recipe);
 
 } // namespace Synthesis

@@ -20,7 +20,7 @@ Samples bottle()
     });
 }
 
-// Each mode of the bowl comes as a close pair, as no glass is perfectly round: hence the shimmer.
+// No glass is perfectly round, so each mode of the bowl is a close pair, which causes the shimmer.
 Samples glass()
 {
     static constexpr Partial partials[] = {
@@ -46,7 +46,7 @@ Samples ping()
     return samples;
 }
 
-// Lips or a bubble: a round tone that shoots upwards and is gone.
+// Lips or a bubble: a round tone that shoots upwards and disappears.
 Samples pop()
 {
     Phase phase;
@@ -76,7 +76,7 @@ Samples sosumi()
     return samples;
 }
 
-// A call into deep water that sinks a little, and what comes back from afar.
+// A call into deep water that drops a little in pitch, and its distant echoes.
 Samples submarine()
 {
     Phase phase;

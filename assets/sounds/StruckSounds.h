@@ -6,7 +6,7 @@
 namespace Synthesis
 {
 
-// Bodies that are hit once and ring out.
+// Sounds of bodies that are struck once and ring out.
 Samples bottle();
 Samples glass();
 Samples ping();

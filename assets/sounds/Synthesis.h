@@ -13,8 +13,8 @@
 namespace Synthesis
 {
 
-// Frames per second. Half of it is 16 kHz, which leaves every partial used here well clear of
-// aliasing while keeping all the files together small.
+// Frames per second. Half of this, 16 kHz, is well above every partial used here, which avoids
+// aliasing, while the files stay small.
 inline constexpr int sampleRate = 32000;
 
 // One channel; full scale is 1.0.
@@ -39,7 +39,7 @@ double bell(double value, double centre, double width);
 // A straight line from `from` to `to` over `duration` seconds, constant outside it.
 double glide(double time, double duration, double from, double to);
 
-// White noise in [-1, 1) from a fixed seed, so that every build produces the same sound.
+// White noise in [-1, 1) from a fixed seed, so that every build generates the same sound.
 class Noise
 {
 public:
@@ -54,9 +54,9 @@ private:
 class Phase
 {
 public:
-    // Moves on by one frame at `frequency` hertz and returns the phase before the move.
+    // Advances by one frame at `frequency` hertz and returns the phase before that.
     double advance(double frequency);
-    // Whether the last move began a new turn.
+    // Whether the last advance began a new turn.
     bool wrapped() const;
 
 private:
@@ -99,8 +99,8 @@ struct Partial {
     double timeConstant;
 };
 
-// One blow: when it lands in seconds, the lowest mode in hertz, its level and the length in
-// seconds of the contact, which softens the onset.
+// One strike: its time in seconds, the lowest mode in hertz, its level, and the duration of the
+// contact in seconds, which softens the onset.
 struct Strike {
     double start;
     double frequency;

@@ -10,8 +10,8 @@ namespace Synthesis
 
 namespace
 {
-// How far, in turns, each harmonic lags behind the one below it, growing with its number. It
-// turns the bare pulse of cosines into a rounder wave, as the bore or the string would.
+// How far, in turns, each harmonic lags behind the one below it; grows with its number. This turns
+// the bare pulse of cosines into a rounder wave, like a bore or a string.
 constexpr double dispersion = 0.010;
 
 // Sums the harmonics 1 to `count`, each weighted by `weight(number)`.
@@ -25,19 +25,19 @@ double harmonics(double turns, int count, Weight weight)
     return sum;
 }
 
-// A note by the time it starts, in seconds, and its pitch, in hertz.
+// The start of a note, in seconds, and its pitch, in hertz.
 struct Note {
     double start;
     double frequency;
 };
 
-// How strongly a bassoon's bore passes a frequency, in hertz: two broad resonances.
+// The gain of a bassoon's bore at a frequency in hertz: two broad resonances.
 double boreGain(double frequency)
 {
     return bell(frequency, 470.0, 190.0) + 0.35 * bell(frequency, 1150.0, 260.0) + 0.06;
 }
 
-// One syllable of a croak: its course of time in seconds, its throat pulses in hertz.
+// One syllable of a croak: its timing in seconds and its throat pulses in hertz.
 struct Syllable {
     double start;
     double duration;

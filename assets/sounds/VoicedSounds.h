@@ -6,7 +6,7 @@
 namespace Synthesis
 {
 
-// Sounds that are blown, bowed, plucked or sung: rich in harmonics or in breath.
+// Blown, bowed, plucked or sung sounds, rich in harmonics or breath.
 Samples basso();
 Samples blow();
 Samples frog();

@@ -21,7 +21,7 @@ void appendText(Bytes &bytes, std::string_view text)
     }
 }
 
-// Little-endian, whatever the byte order of the machine.
+// Little-endian, regardless of the machine's byte order.
 void appendNumber(Bytes &bytes, std::uint32_t value, int byteCount)
 {
     for (int index = 0; index < byteCount; ++index) {

@@ -18,7 +18,7 @@ std::vector<std::int16_t> quantised(const Samples &samples);
 // A complete RIFF WAVE file with one channel of 16-bit linear samples.
 Bytes waveFile(const std::vector<std::int16_t> &frames);
 
-// Whether the file could be written as a whole.
+// Returns whether the whole file was written.
 bool writeFile(const std::filesystem::path &path, const Bytes &bytes);
 
 } // namespace Synthesis

@@ -5,14 +5,14 @@
 #include "core/ApplicationDelegate.h"
 #include "updates/UpdaterController.h"
 
-/// Does what is to be done when the application has launched.
+/// Starts the program once the application has launched, and handles update checks.
 class AppDelegate final : public ApplicationDelegate
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(AppDelegate)
 
 public:
-    /// Makes the update controller before anything else; @p state is called only later.
+    /// Creates only the update controller; @p state is not called yet.
     explicit AppDelegate(AppState &(*state)() = &AppState::shared);
 
     void applicationDidFinishLaunching();

@@ -21,7 +21,7 @@ void installCatalogue()
 {
     auto *const english = new QTranslator(qApp);
     install(english, english->load(QStringLiteral("tovla_en"), catalogueDir));
-    // The translator that is installed last is asked first.
+    // The translator installed last takes precedence.
     auto *const ours = new QTranslator(qApp);
     install(ours,
             ours->load(QLocale(), QStringLiteral("tovla"), QStringLiteral("_"), catalogueDir));

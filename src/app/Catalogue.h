@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Installs the texts in the language of the user; what that language lacks comes in the English of
+/// Installs the translation for the user's language. Missing texts fall back to English, worded for
 /// a keyboard with a Control key. Needs the application object.
 void installCatalogue();

@@ -2,6 +2,7 @@
 #include "app/TovlaApp.h"
 
 #include "core/AppState.h"
+#include "look/DrawnAlerts.h"
 #include "menubar/MenuContent.h"
 #include "menubar/menuBarIcon.h"
 
@@ -18,14 +19,18 @@ const QString settingsAction = QStringLiteral("settings");
 
 TovlaApp::TovlaApp()
 {
-    RunningCopy &runningCopy = *AppState::shared().desktop().runningCopy;
+    AppState &state = AppState::shared();
+    if (!state.desktop().alerts) {
+        state.setAlerts(std::make_unique<DrawnAlerts>(state.desktop()));
+    }
+    RunningCopy &runningCopy = *state.desktop().runningCopy;
     // The tray item is all that there always is; windows come and go.
     QGuiApplication::setQuitOnLastWindowClosed(false);
     setApplicationDelegate(&m_appDelegate);
-    connect(&runningCopy, &RunningCopy::isFirst, this, &TovlaApp::launch);
-    connect(&runningCopy, &RunningCopy::isAnother, qApp,
+    connect(&runningCopy, &RunningCopy::becameFirst, this, &TovlaApp::launch);
+    connect(&runningCopy, &RunningCopy::foundAnother, qApp,
             [] { QCoreApplication::exit(EXIT_SUCCESS); });
-    connect(&runningCopy, &RunningCopy::isStuck, qApp, [] {
+    connect(&runningCopy, &RunningCopy::foundUnresponsive, qApp, [] {
         std::fputs("tovla: another copy is running but does not answer\n", stderr);
         QCoreApplication::exit(EXIT_FAILURE);
     });
@@ -39,10 +44,15 @@ TovlaApp::~TovlaApp() = default;
 void TovlaApp::launch()
 {
     m_menu = std::make_unique<MenuContent>(AppState::shared());
-    AppState::shared().desktop().tray->show({.id = QStringLiteral("tovla"),
-                                             .title = QStringLiteral("Tovla"),
-                                             .icon = MenuBarIcon::icon,
-                                             .menu = m_menu.get()});
+    Tray &tray = *AppState::shared().desktop().tray;
+    // Whoever starts the program and finds no icon would think that it does not work.
+    if (AppState::shared().desktop().runningCopy->wasStartedByHand()) {
+        connect(&tray, &Tray::isMissing, this, [this] { request(settingsAction); });
+    }
+    tray.show({.id = QStringLiteral("tovla"),
+               .title = QStringLiteral("Tovla"),
+               .icon = MenuBarIcon::icon,
+               .menu = m_menu.get()});
     m_appDelegate.applicationDidFinishLaunching();
     m_hasLaunched = true;
     const QStringList waiting = std::exchange(m_waiting, {});

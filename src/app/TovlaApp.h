@@ -9,8 +9,8 @@
 
 class MenuContent;
 
-/// The application: its delegate and the tray item with its menu, put together in the order in
-/// which a user sees them. Lives as long as the application object.
+/// The application: its delegate and the tray item with its menu. Exists as long as the application
+/// object.
 class TovlaApp final : public QObject
 {
     Q_OBJECT
@@ -28,6 +28,6 @@ private:
     AppDelegate m_appDelegate;
     std::unique_ptr<MenuContent> m_menu;
     bool m_hasLaunched = false;
-    /// Asked for by others while the program was still starting.
+    /// Actions requested while the program is still starting.
     QStringList m_waiting;
 };

@@ -143,7 +143,7 @@ void AppState::restartTimer()
 
 void AppState::clockWasSet()
 {
-    // The timer goes by the time that passes, whatever the clock says.
+    // The timer measures elapsed time and is not affected by the clock.
     if (m_timer) {
         setNextPromptDate(
             PromptSchedule::nextPromptDate(m_desktop.clock->now(), m_timer->remaining()));

@@ -13,28 +13,28 @@
 
 class QWidget;
 
-/// Everything that the running program knows, and what it does with it: the four settings, the
-/// timer, the moment of the next prompt, and the windows. Lives on the main thread.
+/// The program's entire state and its operations: the four settings, the timer, the time of the
+/// next prompt, and the windows. Belongs to the main thread.
 ///
-/// Its operations are defined in the folders whose subject they are: saving under journal/, the
-/// prompt under prompt/, the settings window under settings/.
+/// Each operation is defined in the room that it belongs to: saving in journal/, the prompt in
+/// prompt/, the settings window in settings/.
 class AppState final : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(AppState)
 
 public:
-    /// The one instance, made on first use and never freed. Needs the application object.
+    /// The single instance, created on first use and never freed. Needs the application object.
     [[nodiscard]] static AppState &shared();
 
-    /// The names of the alert sounds that can be chosen, in the order in which they are offered.
+    /// The names of the alert sounds, in the order in which they are listed.
     [[nodiscard]] static const QStringList &availableSounds();
 
-    /// Every assignment announces itself through willChange(), is on the disk when it returns and,
-    /// for the folder and the interval, restarts the timer; also when nothing changes by it.
-    /// Values are stored as they are given.
+    /// Every setter emits willChange(), has written the value to disk when it returns and, for the
+    /// folder and the interval, restarts the timer, even if the value is the same as before.
+    /// Values are stored unchecked.
 
-    /// The journal folder; the empty text until one is chosen.
+    /// The journal folder; empty until one is chosen.
     [[nodiscard]] const QString &folderPath() const { return m_folderPath; }
     void setFolderPath(const QString &folderPath);
 
@@ -49,40 +49,42 @@ public:
     [[nodiscard]] const QString &soundName() const { return m_soundName; }
     void setSoundName(const QString &soundName);
 
-    /// When the timer is next expected to fire (UTC); nothing while no timer runs.
+    /// When the timer is next expected to fire (UTC); nullopt while no timer is running.
     [[nodiscard]] const std::optional<QDateTime> &nextPromptDate() const
     {
         return m_nextPromptDate;
     }
 
-    /// How often prompts come and where notes go, in one line.
+    /// The interval and the journal folder, on one line.
     [[nodiscard]] QString statusLine() const;
 
-    /// What the program does once it runs: asks for a folder if there is none, starts the timer.
+    /// Called once at startup: opens the settings if there is no folder, and starts the timer.
     void start();
-    /// Replaces the timer, so that the next prompt comes a whole interval from now. Without a
-    /// folder no timer runs. An interval whose seconds do not fit 64 bits ends the process.
+    /// Restarts the timer, so that the next prompt opens a full interval from now. Without a
+    /// folder, no timer runs. An interval whose seconds do not fit 64 bits ends the process.
     void restartTimer();
-    /// Opens a prompt; does nothing at all while one is visible.
+    /// Opens a prompt, unless one is already visible.
     void showPrompt();
-    /// The prompt that is open, or null. Owned here.
+    /// The open prompt, or null. Owned by this object.
     [[nodiscard]] QWidget *openPrompt() const;
-    /// Plays the chosen sound, stopping one that still plays.
+    /// Plays the chosen sound and stops any previous one.
     void playSelectedSound();
     /// Opens the settings window or brings it to the front.
     void showSettings();
 
     [[nodiscard]] const Desktop &desktop() const { return m_desktop; }
+    /// Must be called before start() if the desktop has no alerts of its own.
+    void setAlerts(std::unique_ptr<Alerts> alerts) { m_desktop.alerts = std::move(alerts); }
 
 signals:
-    /// Sent before a setting or the next prompt's date takes its new value.
+    /// Emitted before a setting or the next prompt's date changes.
     void willChange();
 
 private:
     friend class AppStateForTests;
 
-    /// A window is let go on a later turn of the event loop, so that it may be closed from inside
-    /// its own callback.
+    /// Deletes a window in a later iteration of the event loop, so that it can be closed from its
+    /// own callback.
     struct DeleteLater {
         void operator()(QWidget *window) const;
     };
@@ -95,8 +97,8 @@ private:
     void clockWasSet();
     void setNextPromptDate(const std::optional<QDateTime> &date);
     void closePrompt();
-    /// Appends the note to the day file of @p openedAt (an instant in UTC). A failure is shown in
-    /// an alert and then dropped.
+    /// Appends the note to the day file of @p openedAt (in UTC). A failure is shown in an alert and
+    /// has no other effect.
     void savePrompt(const QString &text, const QDateTime &openedAt);
     void showJournalAlert(const QString &informativeText);
 

@@ -3,7 +3,7 @@
 
 #include <QObject>
 
-/// What the menu asks of the application's delegate, which does more than this header knows.
+/// The part of the application's delegate that the menu uses.
 class ApplicationDelegate : public QObject
 {
     Q_OBJECT
@@ -12,10 +12,10 @@ class ApplicationDelegate : public QObject
 public:
     using QObject::QObject;
 
-    /// Looks for a newer version, because the user asked for it.
+    /// Looks for a newer version, at the user's request.
     virtual void checkForUpdates() = 0;
 };
 
-/// The application object's delegate, of whatever kind; null while it has none. Not owned by it.
+/// The application object's delegate, or null. The application does not own it.
 [[nodiscard]] QObject *applicationDelegate();
 void setApplicationDelegate(QObject *delegate);

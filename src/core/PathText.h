@@ -3,6 +3,6 @@
 
 #include <QString>
 
-/// The part of @p path after its last slash, a trailing slash ignored: "Journal" for
-/// "/home/ann/Journal/". The empty path gives the empty text, "/" gives "/".
+/// The part of @p path after its last slash, ignoring trailing slashes: "Journal" for
+/// "/home/ann/Journal/". An empty path returns an empty string, "/" returns "/".
 [[nodiscard]] QString lastPathComponent(const QString &path);

@@ -6,15 +6,15 @@
 #include <chrono>
 #include <optional>
 
-/// The arithmetic of prompts that come by themselves.
+/// The date arithmetic of scheduled prompts.
 namespace PromptSchedule
 {
-/// Nothing when the product does not fit 64 bits.
+/// nullopt if the number of seconds does not fit 64 bits.
 [[nodiscard]] std::optional<std::chrono::seconds> interval(qint64 minutes);
 
-/// The instant @p interval after @p now; where no date can hold it, the last one that can.
+/// The time @p interval after @p now, limited to the latest time that a QDateTime can represent.
 [[nodiscard]] QDateTime nextPromptDate(const QDateTime &now, std::chrono::seconds interval);
 
-/// "Every 60 min → Journal".
+/// For example "Every 60 min → Journal".
 [[nodiscard]] QString statusLine(qint64 intervalMinutes, const QString &folderPath);
 } // namespace PromptSchedule

@@ -7,15 +7,15 @@
 
 class AppState;
 
-/// Keeps a view current: calls its refresh on the next turn of the event loop after the state
-/// announced a change, once however many changes there were.
+/// Keeps a view up to date: calls its refresh function in the next iteration of the event loop
+/// after a change of state, only once for several changes.
 class StateObserver final : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(StateObserver)
 
 public:
-    /// @p refresh is called for as long as @p view, which owns this, lives.
+    /// @p view owns this object; @p refresh is called as long as the view exists.
     StateObserver(const AppState &state, QObject *view, std::function<void()> refresh);
 
 private:

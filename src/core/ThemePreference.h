@@ -8,18 +8,18 @@
 #include <array>
 #include <optional>
 
-/// How the prompt and the settings look: as the system does, or always one way.
+/// The appearance of the prompt and the settings: like the system's, or always light or dark.
 enum class ThemePreference { system, light, dark };
 
-/// In the order in which they are offered.
+/// In the order in which they are listed.
 inline constexpr std::array allThemePreferences{ThemePreference::system, ThemePreference::light,
                                                 ThemePreference::dark};
 
-/// The word that is saved: "system", "light" or "dark".
+/// The stored value: "system", "light" or "dark".
 [[nodiscard]] QString rawValue(ThemePreference theme);
 
-/// The scheme that the content of a window is forced into; nothing where it follows the system.
+/// The scheme that windows are forced to use; nullopt if they follow the system.
 [[nodiscard]] std::optional<ColorScheme> preferredColorScheme(ThemePreference theme);
 
-/// Nothing for any text that is not exactly one of the three words.
+/// nullopt for anything but exactly one of the three stored values.
 [[nodiscard]] std::optional<ThemePreference> themePreference(const QString &rawValue);

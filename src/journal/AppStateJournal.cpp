@@ -19,7 +19,7 @@ Files::Failure addEntry(Files &files, const QString &folderPath, const DayFile &
 
 void AppState::savePrompt(const QString &text, const QDateTime &openedAt)
 {
-    // QString's idea of white space is exactly Unicode's White_Space property.
+    // QString trims exactly the characters with Unicode's White_Space property.
     const QString note = text.trimmed();
     if (note.isEmpty()) {
         return;

@@ -3,7 +3,7 @@
 
 DayFile::DayFile(const QDateTime &openedAt)
 {
-    // QDateTime's own formats have ASCII digits and Gregorian years; a QLocale's need not.
+    // QDateTime always formats with ASCII digits and Gregorian years; QLocale may not.
     const QDateTime local = openedAt.toLocalTime();
     m_day = local.toString(QStringLiteral("yyyy-MM-dd"));
     m_time = local.toString(QStringLiteral("HH:mm"));

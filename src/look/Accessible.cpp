@@ -3,8 +3,11 @@
 
 #include <QAccessibleWidget>
 #include <QApplication>
+#include <QTimer>
 #include <QVariant>
 #include <QWidget>
+
+#include <chrono>
 
 namespace
 {
@@ -18,14 +21,39 @@ public:
     [[nodiscard]] QAccessible::State state() const override
     {
         QAccessible::State state = QAccessibleWidget::state();
-        // The toolkit says so of every widget whose focus proxy has the focus, too.
+        // The toolkit also reports widgets as focused if their focus proxy has focus.
         state.focused = QApplication::focusWidget() == widget();
         if (role() == QAccessible::Whitespace) {
             state.invisible = true;
         }
         return state;
     }
+
+    [[nodiscard]] QAccessibleInterface *parent() const override
+    {
+        return role() == QAccessible::Notification ? QAccessible::queryAccessibleInterface(qApp)
+                                                   : QAccessibleWidget::parent();
+    }
 };
+
+#if QT_VERSION < QT_VERSION_CHECK(6, 8, 0)
+// Screen readers ask for the text only when they get to it.
+constexpr auto notificationTime = std::chrono::seconds(10);
+
+/// Screen readers speak a notification that appears. This one is not seen, and belongs to no
+/// window, or they would read the window out again before it.
+class Notification final : public QWidget
+{
+public:
+    Notification(QWidget *window, const QString &text)
+        : QWidget(window, Qt::ToolTip)
+    {
+        Accessible::setRole(*this, QAccessible::Notification);
+        Accessible::describe(*this, text);
+        QTimer::singleShot(notificationTime, this, &QObject::deleteLater);
+    }
+};
+#endif
 
 QAccessibleInterface *withRole(const QString &, QObject *object)
 {
@@ -38,9 +66,14 @@ QAccessibleInterface *withRole(const QString &, QObject *object)
 
 void Accessible::setRole(QWidget &widget, QAccessible::Role role)
 {
-    QAccessible::installFactory(withRole); // a second time, it does nothing
     widget.setProperty(roleProperty, static_cast<int>(role));
-    // Newer Qt tells of a widget as soon as it has a parent, and remembers what it told.
+    setFactory(widget, withRole);
+}
+
+void Accessible::setFactory(QWidget &widget, QAccessible::InterfaceFactory factory)
+{
+    QAccessible::installFactory(factory); // later calls do nothing
+    // Newer Qt creates and caches a widget's interface as soon as it has a parent.
     QAccessible::deleteAccessibleInterface(
         QAccessible::uniqueId(QAccessible::queryAccessibleInterface(&widget)));
 }
@@ -48,4 +81,33 @@ void Accessible::setRole(QWidget &widget, QAccessible::Role role)
 void Accessible::hide(QWidget &widget)
 {
     setRole(widget, QAccessible::Whitespace);
+}
+
+void Accessible::describe(QWidget &widget, const QString &description)
+{
+    // Older toolkits tell of a change with the widget in place of the text, at which screen readers
+    // stumble.
+    quietly([&] { widget.setAccessibleDescription(description); });
+}
+
+void Accessible::quietly(const std::function<void()> &action)
+{
+    const QAccessible::UpdateHandler before
+        = QAccessible::installUpdateHandler([](QAccessibleEvent *) {});
+    action();
+    QAccessible::installUpdateHandler(before);
+}
+
+void Accessible::announce(QWidget &window, const QString &text)
+{
+    if (!QAccessible::isActive()) {
+        return;
+    }
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    QAccessibleAnnouncementEvent event(&window, text);
+#else
+    // A new one each time: of events from the same object, only the last is heard.
+    QAccessibleEvent event(new Notification(&window, text), QAccessible::ObjectShow);
+#endif
+    QAccessible::updateAccessibility(&event);
 }

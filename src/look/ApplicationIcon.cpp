@@ -8,7 +8,7 @@ namespace
 QIcon drawn()
 {
     QIcon icon;
-    // Those of title bars and task switchers, and of a window at up to twice the usual scale.
+    // The sizes for title bars and task switchers, and for windows at up to twice the usual scale.
     for (const int side : {16, 24, 32, 48, 64, 128}) {
         QImageReader reader(QStringLiteral(":/icons/org.tovla.Tovla.svg"));
         reader.setScaledSize({side, side});

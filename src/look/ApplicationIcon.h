@@ -3,6 +3,6 @@
 
 #include <QIcon>
 
-/// The icon by which the launcher shows the program, too; drawn at its first use, since that loads
-/// the toolkit's SVG plugin.
+/// The program's icon, as in the launcher. Drawn on first use, because drawing it loads the
+/// toolkit's SVG plugin.
 [[nodiscard]] const QIcon &applicationIcon();

@@ -2,6 +2,7 @@
 #include "look/ControlStyle.h"
 
 #include "look/Look.h"
+#include "look/MenuDrawing.h"
 #include "look/Squircle.h"
 
 #include <QPainter>
@@ -15,11 +16,11 @@ constexpr qreal controlRadius = 5;
 constexpr int buttonPadding = 12;
 constexpr int radioSide = 14;
 constexpr int radioToText = 6;
-constexpr int radioHeight = 16;
+constexpr int radioHeight = 24;
 
 QColor shade(double opacity)
 {
-    return QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity));
+    return atOpacity(Qt::black, opacity);
 }
 
 void fillFace(QPainter &painter, const QRectF &rect, const QColor &face)
@@ -39,11 +40,10 @@ void drawRadio(QPainter &painter, const QStyleOption &option)
     const QColor accent = option.palette.color(QPalette::Link);
     if (option.state.testFlag(QStyle::State_HasFocus)
         && option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
-        QColor ring = accent;
-        ring.setAlphaF(0.5F);
-        painter.setPen(QPen(ring, 2));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawEllipse(circle.adjusted(-1, -1, 1, 1));
+        constexpr qreal ring = ControlStyle::faceMargin;
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(option.palette.color(Look::focusRingRole));
+        painter.drawEllipse(QRectF(option.rect).adjusted(-ring, -ring, ring, ring));
     }
     painter.setPen(QPen(isOn ? accent.darker(112) : shade(0.18), 1));
     painter.setBrush(isOn ? accent : option.palette.color(QPalette::Button));
@@ -62,21 +62,14 @@ void drawRadio(QPainter &painter, const QStyleOption &option)
     painter.restore();
 }
 
-/// The toolkit's own default button would be whichever has the focus.
+/// Not the toolkit's default button, which would be the one with focus.
 bool isProminent(const QStyleOption &option, const QWidget *widget)
 {
     return widget != nullptr && widget->property(prominentProperty).toBool()
         && option.state.testFlag(QStyle::State_Enabled);
 }
 
-/// White, unless the accent is so light that black is seen better.
-QColor textOn(const QColor &accent)
-{
-    constexpr int lightest = 170;
-    return qGray(accent.rgb()) > lightest ? Qt::black : Qt::white;
-}
-
-/// The two arrows that tell a pop-up from a button.
+/// The two arrows that distinguish a pop-up from a button.
 void drawPopUpArrows(QPainter &painter, const QStyleOption &option)
 {
     constexpr qreal trailing = ControlStyle::faceMargin + 12;
@@ -110,10 +103,10 @@ void ControlStyle::drawFace(QPainter &painter, const QStyleOption &option, const
     const QRectF rect = QRectF(option.rect).marginsRemoved(overhang);
     if (option.state.testFlag(QStyle::State_HasFocus)
         && (option.state.testFlag(QStyle::State_KeyboardFocusChange)
-            || isField)) { // a text field shows where one types
+            || isField)) { // text fields always show keyboard focus
         const QRectF ring = QRectF(option.rect);
         painter.fillPath(squirclePath(ring, controlRadius + faceMargin),
-                         option.palette.color(QPalette::Link));
+                         option.palette.color(Look::focusRingRole));
     }
     fillFace(painter, rect, face);
     if (option.state.testFlag(QStyle::State_Sunken) && !isField) {
@@ -141,16 +134,30 @@ void ControlStyle::drawControl(ControlElement element, const QStyleOption *optio
     const bool isAccented = isProminent(*option, widget);
     if (element == CE_PushButtonBevel) {
         drawFace(*painter, *option,
-                 option->palette.color(isAccented ? QPalette::Link : QPalette::Button));
+                 option->palette.color(isAccented ? Look::prominentRole : QPalette::Button));
         return;
     }
     if (element == CE_PushButtonLabel && isAccented) {
         auto label = *qstyleoption_cast<const QStyleOptionButton *>(option);
-        label.palette.setColor(QPalette::ButtonText, textOn(option->palette.color(QPalette::Link)));
+        label.palette.setColor(QPalette::ButtonText, Qt::white);
         QProxyStyle::drawControl(element, &label, painter, widget);
         return;
     }
-    QProxyStyle::drawControl(element, option, painter, widget);
+    if (element == CE_RadioButton) {
+        // Room for the focus ring.
+        auto radio = *qstyleoption_cast<const QStyleOptionButton *>(option);
+        radio.rect.setLeft(radio.rect.left() + faceMargin);
+        QProxyStyle::drawControl(element, &radio, painter, widget);
+        return;
+    }
+    if (const auto *const item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+        item != nullptr && element == CE_MenuItem) {
+        MenuDrawing::drawItem(*painter, *item, widget, m_showsMnemonics);
+        return;
+    }
+    if (element != CE_MenuEmptyArea) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
 }
 
 QSize ControlStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
@@ -160,7 +167,12 @@ QSize ControlStyle::sizeFromContents(ContentsType type, const QStyleOption *opti
         return {size.width() + 2 * (buttonPadding + faceMargin), outerHeight};
     }
     if (type == CT_RadioButton) {
-        return {QProxyStyle::sizeFromContents(type, option, size, widget).width(), radioHeight};
+        return {QProxyStyle::sizeFromContents(type, option, size, widget).width() + faceMargin,
+                radioHeight};
+    }
+    if (const auto *const item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+        item != nullptr && type == CT_MenuItem) {
+        return MenuDrawing::itemSize(*item, size);
     }
     return QProxyStyle::sizeFromContents(type, option, size, widget);
 }
@@ -175,7 +187,11 @@ void ControlStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *o
     case PE_IndicatorRadioButton:
         drawRadio(*painter, *option);
         break;
-    case PE_FrameFocusRect: // the faces show the focus
+    case PE_PanelMenu:
+        MenuDrawing::drawPanel(*painter, *option, widget);
+        break;
+    case PE_FrameMenu:
+    case PE_FrameFocusRect: // the faces show keyboard focus
     case PE_FrameLineEdit:
         break;
     default:
@@ -211,8 +227,13 @@ int ControlStyle::styleHint(StyleHint hint, const QStyleOption *option, const QW
     switch (hint) {
     case SH_UnderlineShortcut:
         return m_showsMnemonics ? 1 : 0;
-    case SH_ComboBox_Popup: // a plain list takes the window's palette; a menu-like one does not
-    case SH_ComboBox_AllowWheelScrolling: // turning the wheel over a window must change nothing
+    case SH_ComboBox_Popup: // opens with the chosen item, ticked, over the button
+    case SH_Menu_MouseTracking:
+    case SH_Menu_AllowActiveAndDisabled: // keys reach what a menu only tells, so that it is heard
+        return 1;
+    case SH_ComboBox_PopupFrameStyle:
+        return QFrame::NoFrame;
+    case SH_ComboBox_AllowWheelScrolling: // scrolling over a window must not change values
         return 0;
     default:
         return QProxyStyle::styleHint(hint, option, widget, returned);
@@ -225,7 +246,11 @@ int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
     switch (metric) {
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
+    case PM_MenuPanelWidth:
         return 0;
+    case PM_MenuHMargin:
+    case PM_MenuVMargin:
+        return MenuDrawing::padding;
     case PM_ExclusiveIndicatorWidth:
     case PM_ExclusiveIndicatorHeight:
         return radioSide;

@@ -6,8 +6,8 @@
 
 class QPushButton;
 
-/// How the controls of our windows are drawn. Every colour comes from the palette that the
-/// window's look makes, so one style serves both looks.
+/// Draws the controls of our windows. All colours come from the palette of the window's look, so
+/// the same style works for light and dark.
 class ControlStyle final : public QProxyStyle
 {
     Q_OBJECT
@@ -15,21 +15,24 @@ class ControlStyle final : public QProxyStyle
 
 public:
     static constexpr int controlHeight = 22;
-    /// Around a face there is room for the focus ring, and for the rim and the shadow. It takes no
-    /// place in a layout (OverhangItem). Logical pixels.
+    /// The margin around a face for the focus ring, the rim and the shadow, in logical pixels. It
+    /// takes no space in layouts (see OverhangItem).
     static constexpr int faceMargin = 3;
     static constexpr QMargins overhang{faceMargin, faceMargin, faceMargin, faceMargin};
     static constexpr int outerHeight = controlHeight + 2 * faceMargin;
+    /// The overhang of a radio button around its line of text, for the focus ring and as a larger
+    /// click target.
+    static constexpr QMargins radioOverhang{faceMargin, 4, 0, 4};
 
     ControlStyle();
 
-    /// Paints @p button in the accent colour, as the one that Return presses wherever the focus is.
+    /// Paints @p button in the accent colour, as the one that Return presses wherever focus is.
     static void setProminent(QPushButton &button);
 
-    /// Whether the letters that Alt presses a control with are underlined.
+    /// Sets whether the letters that press a control together with Alt are underlined.
     void setShowsMnemonics(bool shows) { m_showsMnemonics = shows; }
 
-    /// The raised face that all controls share, in the state that @p option tells.
+    /// Draws the raised face common to all controls, in the state given by @p option.
     static void drawFace(QPainter &painter, const QStyleOption &option);
     static void drawFace(QPainter &painter, const QStyleOption &option, const QColor &face);
 

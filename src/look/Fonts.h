@@ -13,5 +13,6 @@ inline constexpr int note = 18;
 inline constexpr int detail = 14;
 inline constexpr int body = 13;
 inline constexpr int headline = 13;
+inline constexpr int explanation = 12;
 inline constexpr int subheadline = 11;
 } // namespace FontSizes

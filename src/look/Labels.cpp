@@ -38,7 +38,7 @@ QSize ElidedLabel::minimumSizeHint() const
 
 QString ElidedLabel::shownText() const
 {
-    // A line break in a file's name must not take the rest of the path out of sight.
+    // A line break in a file name must not hide the rest of the path.
     return fontMetrics().elidedText(text().simplified(), Qt::ElideMiddle, width());
 }
 

@@ -5,19 +5,19 @@
 #include <QLabel>
 #include <QPalette>
 
-/// The texts of our windows.
+/// Texts in our windows.
 namespace Labels
 {
-/// Shows @p text as it stands, in the colour that the window's palette has for @p role. The caller
-/// gives it a parent.
+/// A label with @p text as plain text, in the palette's colour for @p role. The caller must give it
+/// a parent.
 [[nodiscard]] QLabel *plain(const QString &text, const QFont &font, QPalette::ColorRole role);
 
-/// The text of a button that Alt and its first letter press, too.
+/// The text of a button that Alt and its first letter press.
 [[nodiscard]] QString withMnemonic(const QString &text);
 } // namespace Labels
 
-/// One line that leaves out its middle when it is too long for its place, and never asks for more
-/// place than there is.
+/// A single-line label that elides the middle of its text if it is too long. It never requests more
+/// space than is available.
 class ElidedLabel final : public QLabel
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ public:
     ElidedLabel(const QFont &font, QPalette::ColorRole role, QWidget *parent);
 
     [[nodiscard]] QSize minimumSizeHint() const override;
-    /// Some of the text is left out.
+    /// Whether part of the text is left out.
     [[nodiscard]] bool isElided() const;
 
 protected:

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "look/Look.h"
 
+#include "look/Contrast.h"
+
 namespace
 {
 QColor black(double opacity)
@@ -26,7 +28,10 @@ Look lightLook()
             .controlFace = QColor(0xFFFFFF),
             .divider = black(0.10),
             .accent = Tints::blue.light,
-            .selection = {}};
+            .selection = {},
+            .prominent = {},
+            .focusRing = {},
+            .menuFace = QColor(0xF6F6F6)};
 }
 
 Look darkLook()
@@ -42,7 +47,10 @@ Look darkLook()
             .controlFace = QColor(0x5A5A5C),
             .divider = white(0.10),
             .accent = Tints::blue.dark,
-            .selection = {}};
+            .selection = {},
+            .prominent = {},
+            .focusRing = {},
+            .menuFace = QColor(0x3A3A3C)};
 }
 
 void raiseContrast(Look &look)
@@ -55,6 +63,15 @@ void raiseContrast(Look &look)
     look.hint = full;
     look.divider = atOpacity(full, 0.5);
 }
+/// The accent as a background on which white text is readable. The required contrast is 4.5:1; thin
+/// strokes, which blend with the background, need a little more.
+QColor prominent(const QColor &accent)
+{
+    constexpr double ratio = 5.3;
+    return withContrast(accent.isValid() ? accent : Tints::blue.light, Qt::black, ratio,
+                        {Qt::white});
+}
+
 } // namespace
 
 Look look(const Appearance &appearance, std::optional<ColorScheme> forced)
@@ -67,7 +84,10 @@ Look look(const Appearance &appearance, std::optional<ColorScheme> forced)
     if (appearance.accent().isValid()) {
         look.accent = appearance.accent();
     }
-    // Pale enough that selected text keeps its own colour and stays readable on any accent.
+    look.prominent = prominent(appearance.accent());
+    look.focusRing = withContrast(look.accent, look.isLight() ? Qt::black : Qt::white, 3,
+                                  {look.windowBackground, look.controlFace});
+    // Pale enough to keep selected text readable in its own colour on any accent.
     look.selection = mixed(look.accent, look.isLight() ? 0.30 : 0.45, look.textBackground);
     return look;
 }
@@ -83,6 +103,9 @@ QPalette Look::palette() const
     palette.setColor(secondaryTextRole, secondaryText);
     palette.setColor(tertiaryTextRole, tertiaryText);
     palette.setColor(dividerRole, divider);
+    palette.setColor(prominentRole, prominent);
+    palette.setColor(focusRingRole, focusRing);
+    palette.setColor(menuFaceRole, menuFace);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Disabled, role, tertiaryText);
     }

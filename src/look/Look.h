@@ -8,7 +8,7 @@
 
 #include <optional>
 
-/// The colours of our windows in one of the two colour schemes, as the desktop's wishes alter them.
+/// The colours of our windows in one of the two colour schemes, adapted to the desktop's settings.
 struct Look {
     ColorScheme scheme;
     QColor primaryText;
@@ -22,23 +22,30 @@ struct Look {
     QColor divider;
     QColor accent;
     QColor selection;
+    /// The accent as a background for white text: default buttons and selected rows.
+    QColor prominent;
+    /// The accent with enough contrast for a ring around any control.
+    QColor focusRing;
+    QColor menuFace;
 
     [[nodiscard]] bool isLight() const { return scheme == ColorScheme::Light; }
-    /// What a standard widget of ours is painted with. A label is given its level of text, and a
-    /// divider its colour, by one of the roles below, which nothing of ours uses otherwise; so a
-    /// window changes its look with its palette alone.
+    /// The palette of our standard widgets. Labels of lower text levels and dividers use the roles
+    /// below, which nothing else of ours uses; so setting the palette changes the look of a window.
     [[nodiscard]] QPalette palette() const;
 
     static constexpr auto secondaryTextRole = QPalette::LinkVisited;
     static constexpr auto tertiaryTextRole = QPalette::BrightText;
     static constexpr auto dividerRole = QPalette::Midlight;
+    static constexpr auto prominentRole = QPalette::Shadow;
+    static constexpr auto focusRingRole = QPalette::AlternateBase;
+    static constexpr auto menuFaceRole = QPalette::ToolTipBase;
 };
 
-/// The look that the desktop asks for, in the scheme @p forced where there is one.
+/// The look for the desktop's settings, in the scheme @p forced if there is one.
 [[nodiscard]] Look look(const Appearance &appearance,
                         std::optional<ColorScheme> forced = std::nullopt);
 
-/// A tint that comes in two shades.
+/// A colour with a shade for each scheme.
 struct Tint {
     QColor light;
     QColor dark;
@@ -57,8 +64,8 @@ inline const Tint purple{QColor(0xAF52DE), QColor(0xBF5AF2)};
 inline const Tint green{QColor(0x34C759), QColor(0x30D158)};
 } // namespace Tints
 
-/// @p color with the fraction @p opacity of its own opacity.
+/// @p color with its opacity multiplied by @p opacity.
 [[nodiscard]] QColor atOpacity(QColor color, double opacity);
 
-/// @p fraction of @p color, and the rest of @p base.
+/// A mixture of @p fraction of @p color and the rest of @p base.
 [[nodiscard]] QColor mixed(const QColor &color, qreal fraction, const QColor &base);

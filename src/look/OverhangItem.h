@@ -4,12 +4,12 @@
 #include <QLayoutItem>
 #include <QMargins>
 
-/// Lays a widget out by what lies inside its overhang: what it draws around that, such as a focus
-/// ring, takes no place and lies over the space between it and its neighbours.
+/// Lays out a widget without its overhang: anything drawn there, such as a focus ring, takes no
+/// space and overlaps the gap to its neighbours.
 class OverhangItem final : public QWidgetItem
 {
 public:
-    /// @p widget must have its parent already; @p overhang is in logical pixels.
+    /// @p widget must already have a parent; @p overhang is in logical pixels.
     OverhangItem(QWidget *widget, const QMargins &overhang);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -17,7 +17,7 @@ public:
     [[nodiscard]] QSize maximumSize() const override;
     [[nodiscard]] int heightForWidth(int width) const override;
     [[nodiscard]] int minimumHeightForWidth(int width) const override;
-    /// What lies inside the overhang, at the left of @p place and vertically in its middle.
+    /// Places the widget without its overhang at the left of @p place, centred vertically.
     void setGeometry(const QRect &place) override;
     [[nodiscard]] QRect geometry() const override;
 

@@ -5,12 +5,11 @@
 #include "look/ApplicationIcon.h"
 #include "look/ControlStyle.h"
 #include "look/Screens.h"
+#include "platform/Windows.h"
 
 #include <QAbstractButton>
 #include <QKeyEvent>
-#include <QLayout>
 #include <QShortcut>
-#include <QWindow>
 
 PanelWindow::PanelWindow(const QString &title, QAccessible::Role role)
     : QWidget(nullptr,
@@ -35,21 +34,10 @@ void PanelWindow::styleControls()
     }
 }
 
-void PanelWindow::placeOnScreenWithPointer()
+void PanelWindow::placeOnScreenWithPointer(Windows &windows)
 {
     adjustSize();
-    m_place = centredOnScreenWithPointer(size());
-    move(m_place);
-}
-
-void PanelWindow::keepPlace()
-{
-    // While X11 maps the window the toolkit may take it to be at the corner of the screen, and
-    // would send it there with its new size.
-    if (windowHandle() && !windowHandle()->isExposed()) {
-        layout()->activate();
-        move(m_place);
-    }
+    windows.place(*this, placeIn(availableAreaWithPointer(), size(), 0.5));
 }
 
 bool PanelWindow::event(QEvent *event)
@@ -59,6 +47,16 @@ bool PanelWindow::event(QEvent *event)
         showMnemonics(false);
     }
     return QWidget::event(event);
+}
+
+void PanelWindow::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::WindowStateChange && isMinimized()) {
+        // Some window managers minimise any window, and this one is in no taskbar: nobody would
+        // find it again. Opened once more, it comes to the front.
+        hide();
+    }
+    QWidget::changeEvent(event);
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent *event)

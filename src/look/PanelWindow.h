@@ -5,6 +5,7 @@
 #include <QWidget>
 
 class ControlStyle;
+class Windows;
 
 /// A window with the window manager's frame, as large as its content: it can be closed, with
 /// Control-W too, and that is all. The letters that Alt presses a control with are underlined while
@@ -21,11 +22,10 @@ protected:
     /// Draws the controls that the window has by now in our look.
     void styleControls();
     /// To be called once the content is there; the user may move the window from then on.
-    void placeOnScreenWithPointer();
-    /// To be called when the content has another size.
-    void keepPlace();
+    void placeOnScreenWithPointer(Windows &windows);
 
     bool event(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
 
@@ -33,5 +33,4 @@ private:
     void showMnemonics(bool shows);
 
     ControlStyle *m_style;
-    QPoint m_place;
 };

@@ -11,9 +11,8 @@ QRect availableAreaWithPointer()
     return (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
 }
 
-QPoint centredOnScreenWithPointer(const QSize &size)
+QPoint placeIn(const QRect &area, const QSize &size, qreal above)
 {
-    const QRect available = availableAreaWithPointer();
-    const QSize free = (available.size() - size).expandedTo({0, 0});
-    return available.topLeft() + QPoint(free.width(), free.height()) / 2;
+    const QSize free = (area.size() - size).expandedTo({0, 0});
+    return area.topLeft() + QPoint(free.width() / 2, static_cast<int>(free.height() * above));
 }

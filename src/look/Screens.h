@@ -5,10 +5,11 @@
 #include <QRect>
 #include <QSize>
 
-/// What panels leave free of the screen that has the pointer, or of the primary one where no screen
-/// has it. Logical pixels.
+/// The area without panels on the screen with the pointer, or on the primary screen if no screen
+/// has it. In logical pixels.
 [[nodiscard]] QRect availableAreaWithPointer();
 
-/// Where a window of @p size is in the middle of that area. One that is too large for it begins at
-/// its top left corner, so that the title bar is always there.
-[[nodiscard]] QPoint centredOnScreenWithPointer(const QSize &size);
+/// The top left corner of a window of @p size that is centred horizontally in @p area, with the
+/// fraction @p above of the free height above it. A window that is too large is placed at the
+/// area's top left corner, so that its title bar is always visible.
+[[nodiscard]] QPoint placeIn(const QRect &area, const QSize &size, qreal above);

@@ -5,13 +5,16 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QPixmapCache>
 
+#include <array>
 #include <cmath>
 #include <vector>
 
 namespace
 {
-// A blurred picture has no detail finer than this many standard deviations per pixel shows.
+// Shadows are blurred at a resolution at which the standard deviation is at most this many pixels;
+// a higher resolution would show no more detail.
 constexpr qreal sharpestSigma = 2.25;
 
 void blurLine(uchar *line, qsizetype stride, int length, int reach, std::vector<uchar> &copy)
@@ -33,7 +36,7 @@ void blurLine(uchar *line, qsizetype stride, int length, int reach, std::vector<
     }
 }
 
-/// Three box blurs in a row come within 3 % of a Gaussian one (W3C, Filter Effects,
+/// Three successive box blurs approximate a Gaussian blur to within 3 % (W3C, Filter Effects,
 /// feGaussianBlur).
 void blur(QImage &alpha, qreal sigma)
 {
@@ -50,10 +53,9 @@ void blur(QImage &alpha, qreal sigma)
     }
 }
 
-/// The shadow's shape at @p scale pixels a logical pixel, with room for the blur on each side.
-QImage blurredShape(const QRectF &bounds, const QRectF &rect, qreal radius, qreal sigma,
-                    qreal scale)
+QImage blurredShape(const QRectF &bounds, const QRectF &rect, qreal radius, qreal sigma)
 {
+    const qreal scale = qMin(1.0, sharpestSigma / sigma);
     QImage alpha((bounds.size() * scale).toSize(), QImage::Format_Alpha8);
     alpha.fill(Qt::transparent);
     QPainter painter(&alpha);
@@ -76,11 +78,10 @@ QImage tinted(const QImage &alpha, const QColor &color)
     return image;
 }
 
-QPixmap pixmapFor(const QRectF &bounds, const QRectF &rect, qreal radius, const Shadow &shadow,
-                  qreal ratio)
+/// The shadow of @p rect within @p bounds.
+QPixmap drawn(const Shadow &shadow, const QRectF &bounds, const QRectF &rect, qreal radius,
+              qreal ratio)
 {
-    const qreal sigma = shadow.blur / 2;
-    const qreal scale = qMin(1.0, sharpestSigma / sigma);
     const QRectF fallen = rect.translated(0, shadow.offsetY);
     QPixmap pixmap((bounds.size() * ratio).toSize());
     pixmap.setDevicePixelRatio(ratio);
@@ -88,26 +89,80 @@ QPixmap pixmapFor(const QRectF &bounds, const QRectF &rect, qreal radius, const 
     QPainter painter(&pixmap);
     painter.setRenderHints(QPainter::SmoothPixmapTransform | QPainter::Antialiasing);
     painter.drawImage(QRectF(QPointF(), bounds.size()),
-                      tinted(blurredShape(bounds, fallen, radius, sigma, scale), shadow.color));
+                      tinted(blurredShape(bounds, fallen, radius, shadow.blur / 2), shadow.color));
     painter.translate(-bounds.topLeft());
     painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
     painter.fillPath(squirclePath(rect, radius), Qt::black);
     return pixmap;
 }
+
+/// The result of drawn(), cached for rectangles of the same size.
+QPixmap kept(const Shadow &shadow, const QRectF &bounds, const QRectF &rect, qreal radius,
+             qreal ratio)
+{
+    const QString key = QStringLiteral("tovla-shadow %1 %2 %3 %4 %5x%6 %7")
+                            .arg(shadow.offsetY)
+                            .arg(shadow.blur)
+                            .arg(shadow.color.name(QColor::HexArgb))
+                            .arg(radius)
+                            .arg(rect.width())
+                            .arg(rect.height())
+                            .arg(ratio);
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = drawn(shadow, bounds, rect, radius, ratio);
+        QPixmapCache::insert(key, pixmap);
+    }
+    return pixmap;
+}
+
+/// Stretches @p pixmap over @p to, both in device pixels: the corners are drawn unchanged, the
+/// middle of each edge is stretched, and nothing is drawn in the centre.
+void drawStretched(QPainter &painter, const QRect &to, const QPixmap &pixmap)
+{
+    struct Span {
+        int from;
+        int fromLength;
+        int to;
+        int toLength;
+    };
+    const auto spans = [](int from, int start, int length) {
+        const int end = (from - 1) / 2;
+        return std::array{Span{0, end, start, end},
+                          Span{end, from - 2 * end, start + end, length - 2 * end},
+                          Span{from - end, end, start + length - end, end}};
+    };
+    const auto rows = spans(pixmap.height(), to.top(), to.height());
+    const auto columns = spans(pixmap.width(), to.left(), to.width());
+    for (const Span &y : rows) {
+        for (const Span &x : columns) {
+            if (&y != &rows[1] || &x != &columns[1]) {
+                painter.drawPixmap(QRect(x.to, y.to, x.toLength, y.toLength), pixmap,
+                                   QRect(x.from, y.from, x.fromLength, y.fromLength));
+            }
+        }
+    }
+}
 } // namespace
 
-void ShadowPainter::paint(QPainter &painter, const QRectF &rect, qreal radius, const Shadow &shadow)
+// Blurring is slow and windows grow, so the shadow of a small squircle is cached and stretched for
+// larger ones.
+void Shadow::paint(QPainter &painter, const QRectF &rect, qreal radius) const
 {
+    // Beyond three standard deviations, the shadow is invisible.
+    const qreal reach = 1.5 * blur;
+    const QMarginsF around(reach, reach - offsetY, reach, reach + offsetY);
+    // How far a corner is visible along an edge: its curve, and its shadow down to one level in
+    // 255.
+    const qreal corner = std::ceil(qMax(1.6 * radius, 1.1 * blur + offsetY));
+    const QRectF small({}, rect.size().boundedTo({2 * corner, 2 * corner}));
     const qreal ratio = painter.device()->devicePixelRatioF();
-    // Beyond three standard deviations nothing is left of a shadow.
-    const qreal reach = 1.5 * shadow.blur;
-    const QRectF bounds
-        = rect.adjusted(-reach, -reach + shadow.offsetY, reach, reach + shadow.offsetY);
-    if (m_size != rect.size() || m_color != shadow.color
-        || !qFuzzyCompare(m_pixmap.devicePixelRatio(), ratio)) {
-        m_size = rect.size();
-        m_color = shadow.color;
-        m_pixmap = pixmapFor(bounds, rect, radius, shadow, ratio);
-    }
-    painter.drawPixmap(bounds.topLeft(), m_pixmap);
+    const QPixmap pixmap = kept(*this, small.marginsAdded(around), small, radius, ratio);
+
+    const QRectF to = rect.marginsAdded(around);
+    painter.save();
+    painter.scale(1 / ratio, 1 / ratio);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform, false);
+    drawStretched(painter, QRectF(to.topLeft() * ratio, to.size() * ratio).toRect(), pixmap);
+    painter.restore();
 }

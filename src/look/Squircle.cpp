@@ -7,15 +7,15 @@
 
 namespace
 {
-// Each corner is a quarter of the superellipse |x|^n + |y|^n = 1. It takes up more of the edge than
-// an arc does; the exponent follows from that and from the point on the diagonal.
+// Each corner is a quarter of the superellipse |x|^n + |y|^n = 1. It occupies "reach" times as much
+// of the edges as an arc; the exponent follows from that and from the point on the diagonal.
 constexpr qreal reach = 1.6;
 const qreal diagonalGap = M_SQRT2 - 1;
 const qreal exponent = -M_LN2 / std::log(1 - diagonalGap / (M_SQRT2 * reach));
 constexpr int stepsPerCorner = 24;
 
-/// The corner at @p corner, entered along @p in and left along @p out (unit vectors that point from
-/// the corner into the edges).
+/// Adds the corner at @p corner, from the edge in direction @p in to the edge in direction @p out
+/// (unit vectors that point away from the corner).
 void addCorner(QPainterPath &path, const QPointF &corner, const QPointF &in, const QPointF &out,
                qreal extent)
 {

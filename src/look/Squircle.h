@@ -3,7 +3,7 @@
 
 #include <QPainterPath>
 
-/// A rectangle with continuous corners: the curvature of each grows steadily from nothing at the
-/// straight edge to its greatest at the diagonal, where the corner passes through the same point
-/// as a circle's arc of @p radius (logical pixels) would.
+/// A rectangle with continuous corners: the curvature of each corner increases from zero at the
+/// straight edge to its maximum at the diagonal, where the corner passes through the same point as
+/// a circular arc of @p radius (logical pixels).
 [[nodiscard]] QPainterPath squirclePath(const QRectF &rect, qreal radius);

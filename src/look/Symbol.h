@@ -6,7 +6,7 @@
 #include <QSize>
 #include <QString>
 
-/// Our drawing of a symbol ("folder.fill"), in one colour, sharp at @p devicePixelRatio. Null when
-/// there is no drawing of that name.
+/// A symbol of ours, for example "folder.fill", in one colour and sharp at @p devicePixelRatio.
+/// Null if there is no symbol with that name.
 [[nodiscard]] QPixmap symbol(const QString &name, const QSize &size, const QColor &color,
                              qreal devicePixelRatio);

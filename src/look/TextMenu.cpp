@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "look/TextMenu.h"
 
+#include "look/Menu.h"
+
+#include <QClipboard>
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QLineEdit>
-#include <QMenu>
+#include <QMimeData>
 #include <QPlainTextEdit>
 
 namespace
@@ -50,16 +54,23 @@ void removeSelected(QLineEdit &text)
     text.del();
 }
 
-template <typename Text>
-QMenu *menuOf(Text &text)
+void paste(QPlainTextEdit &text)
 {
-    auto *const menu = new QMenu(&text);
+    text.paste();
+}
+
+using TextMenu::paste;
+
+template <typename Text>
+QMenu *menuOf(Text &text, const Compositor &compositor)
+{
+    auto *const menu = new Menu(compositor, &text);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setAttribute(Qt::WA_WindowPropagation); // of the palette, to a window of its own
+    menu->setAttribute(Qt::WA_WindowPropagation); // inherits the palette although it is a window
     const State state = stateOf(text);
     const auto add = [menu](const QString &label, QKeySequence::StandardKey key, bool isEnabled,
                             auto &&action) {
-        QAction *const item = menu->addAction(label, QKeySequence(key), action);
+        QAction *const item = menu->addAction(label, QKeySequence(key), menu, action);
         item->setEnabled(isEnabled);
     };
     if (!state.isReadOnly) {
@@ -70,7 +81,7 @@ QMenu *menuOf(Text &text)
     }
     add(Texts::tr("Copy"), QKeySequence::Copy, state.hasSelection, [&text] { text.copy(); });
     if (!state.isReadOnly) {
-        add(Texts::tr("Paste"), QKeySequence::Paste, true, [&text] { text.paste(); });
+        add(Texts::tr("Paste"), QKeySequence::Paste, true, [&text] { paste(text); });
         add(Texts::tr("Delete"), QKeySequence::UnknownKey, state.hasSelection,
             [&text] { removeSelected(text); });
     }
@@ -79,14 +90,33 @@ QMenu *menuOf(Text &text)
         [&text] { text.selectAll(); });
     return menu;
 }
+
+template <typename Text>
+void serveText(Text &text, const Compositor &compositor)
+{
+    text.setContextMenuPolicy(Qt::CustomContextMenu);
+    QObject::connect(&text, &QWidget::customContextMenuRequested, &text,
+                     [&text, &compositor](const QPoint &place) {
+                         menuOf(text, compositor)->popup(text.mapToGlobal(place));
+                     });
+}
 } // namespace
 
-void TextMenu::popUp(QPlainTextEdit &text, const QPoint &place)
+void TextMenu::paste(QLineEdit &text)
 {
-    menuOf(text)->popup(place);
+    // Each further question would wait as long as the first.
+    const QMimeData *const content = QGuiApplication::clipboard()->mimeData();
+    if (content != nullptr && !content->formats().isEmpty()) {
+        text.insert(content->text());
+    }
 }
 
-void TextMenu::popUp(QLineEdit &text, const QPoint &place)
+void TextMenu::serve(QPlainTextEdit &text, const Compositor &compositor)
 {
-    menuOf(text)->popup(place);
+    serveText(text, compositor);
+}
+
+void TextMenu::serve(QLineEdit &text, const Compositor &compositor)
+{
+    serveText(text, compositor);
 }

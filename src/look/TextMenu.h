@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QPoint>
-
+class Compositor;
 class QLineEdit;
 class QPlainTextEdit;
 
-/// The context menu of a text, in the look of its window. The toolkit's own would ask the clipboard
-/// what it holds before it shows itself, and wait for whoever owns it.
+/// The context menu of a text field, in the look of its window. The toolkit's own menu would ask
+/// for the clipboard's content before it opens, and wait for its owner.
 namespace TextMenu
 {
-/// Returns at once; @p place is on the screen.
-void popUp(QPlainTextEdit &text, const QPoint &place);
-void popUp(QLineEdit &text, const QPoint &place);
+/// Opens the menu whenever a context menu of @p text is requested. @p compositor must outlive the
+/// text.
+void serve(QPlainTextEdit &text, const Compositor &compositor);
+void serve(QLineEdit &text, const Compositor &compositor);
+/// Inserts what is on the clipboard. An owner that does not answer is asked once only.
+void paste(QLineEdit &text);
 } // namespace TextMenu

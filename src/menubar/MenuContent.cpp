@@ -4,6 +4,7 @@
 #include "core/AppState.h"
 #include "core/ApplicationDelegate.h"
 #include "core/StateObserver.h"
+#include "look/Look.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -17,7 +18,7 @@ void checkForUpdates()
     }
 }
 
-/// Super stands for Control, for keyboards that have a ⌘ key there.
+/// Lets Super act as Control, for keyboards that have ⌘ in its place.
 Qt::KeyboardModifiers withCommandKey(Qt::KeyboardModifiers modifiers)
 {
     return modifiers.testFlag(Qt::MetaModifier)
@@ -27,7 +28,8 @@ Qt::KeyboardModifiers withCommandKey(Qt::KeyboardModifiers modifiers)
 } // namespace
 
 MenuContent::MenuContent(AppState &state)
-    : m_state(state)
+    : Menu(*state.desktop().compositor)
+    , m_state(state)
     , m_status(addAction(QString()))
 {
     m_status->setEnabled(false);
@@ -35,17 +37,23 @@ MenuContent::MenuContent(AppState &state)
     addAction(tr("Write now"), Qt::CTRL | Qt::Key_J, &state, &AppState::showPrompt);
     addAction(tr("Settings…"), Qt::CTRL | Qt::Key_Comma, &state, &AppState::showSettings);
     addSeparator();
-    addAction(tr("Check for Updates…"), checkForUpdates);
+    addAction(tr("Check for Updates…"), this, checkForUpdates);
     addSeparator();
     addAction(tr("Quit"), Qt::CTRL | Qt::Key_Q, qApp, &QCoreApplication::quit);
     new StateObserver(state, this, [this] { refresh(); });
     connect(this, &QMenu::aboutToShow, this, &MenuContent::refresh);
+    connect(this, &QMenu::aboutToShow, this, &MenuContent::updateLook);
+    connect(state.desktop().appearance.get(), &Appearance::changed, this, [this] {
+        if (isVisible()) {
+            updateLook();
+        }
+    });
     refresh();
 }
 
 void MenuContent::keyPressEvent(QKeyEvent *event)
 {
-    // The toolkit runs no shortcuts while a menu is open.
+    // The toolkit does not handle shortcuts while a menu is open.
     const QKeySequence pressed(
         QKeyCombination(withCommandKey(event->modifiers()), static_cast<Qt::Key>(event->key())));
     for (QAction *const action : actions()) {
@@ -55,12 +63,17 @@ void MenuContent::keyPressEvent(QKeyEvent *event)
             return;
         }
     }
-    QMenu::keyPressEvent(event);
+    Menu::keyPressEvent(event);
+}
+
+void MenuContent::updateLook()
+{
+    setPalette(look(*m_state.desktop().appearance).palette());
 }
 
 void MenuContent::refresh()
 {
-    // Every character is shown, none taken for the mark of a mnemonic.
+    // A single "&" would mark a mnemonic instead of being shown.
     m_status->setText(statusText().replace(u'&', QStringLiteral("&&")));
 }
 

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QMenu>
+#include "look/Menu.h"
 
 class AppState;
 
-/// What drops down from the tray icon: a line that says how often prompts come and where notes go,
-/// and the commands.
-class MenuContent final : public QMenu
+/// The menu of the tray icon: a line with the interval and the journal folder, and the commands.
+class MenuContent final : public Menu
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(MenuContent)
@@ -20,6 +19,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void updateLook();
     void refresh();
     [[nodiscard]] QString statusText() const;
 

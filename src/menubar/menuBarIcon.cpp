@@ -17,10 +17,10 @@ struct Ring {
     qreal radius;
     qreal lineWidth;
 };
-// Thinner outwards, so that both look equally strong.
+// The outer ring is thinner, so that both look equally heavy.
 constexpr std::array rings{Ring{size * 0.26, 0.072 * size}, Ring{size * 0.42, 0.058 * size}};
 
-/// Draws on demand, so that the lines are sharp at every device pixel ratio.
+/// Draws on demand, so that lines are sharp at any device pixel ratio.
 class Engine final : public QIconEngine
 {
 public:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Run by the build: writes the symbolic tray icon that is installed, from the code that draws it.
+// Run by the build: generates the symbolic tray icon for installation from the drawing code.
 #include "menubar/menuBarIcon.h"
 
 #include <cstdio>

@@ -6,7 +6,7 @@
 
 class QWidget;
 
-/// Tells the user what they must know before they can go on.
+/// Shows messages that the user must read before continuing.
 class Alerts
 {
 public:
@@ -14,9 +14,9 @@ public:
     virtual ~Alerts() = default;
     Q_DISABLE_COPY_MOVE(Alerts)
 
-    /// Shows a warning that is modal to the whole application, with one default button, above
-    /// @p over (may be null) and with the keyboard; returns once the user has dismissed it.
-    /// Timers go on meanwhile. Both texts are plain.
+    /// Shows a warning above @p over (may be null). It is modal to the whole application, has one
+    /// default button and gets keyboard focus. Returns when the user has dismissed it; timers keep
+    /// running meanwhile. Both texts are plain text.
     virtual void warn(const QString &messageText, const QString &informativeText, QWidget *over)
         = 0;
 };

@@ -6,8 +6,8 @@
 #include <QColor>
 #include <QObject>
 
-/// How the user wants their desktop to look. What the desktop does not tell, or has not told yet,
-/// has the default that is named here; reading never waits.
+/// The desktop's appearance settings. A setting that the desktop does not provide, or has not
+/// provided yet, has the default given here. The getters never block.
 class Appearance : public QObject
 {
     Q_OBJECT
@@ -16,18 +16,18 @@ class Appearance : public QObject
 public:
     using QObject::QObject;
 
-    /// Light unless the desktop says otherwise.
+    /// Default: light.
     [[nodiscard]] virtual ColorScheme colorScheme() const = 0;
-    /// Invalid when the desktop has no accent colour.
+    /// Invalid if the desktop has no accent colour.
     [[nodiscard]] virtual QColor accent() const = 0;
     [[nodiscard]] virtual bool wantsHighContrast() const = 0;
     [[nodiscard]] virtual bool wantsReducedMotion() const = 0;
 
-    /// Called before a window is made. Only the colour scheme is asked for at the start, since a
-    /// window must not open in the wrong one; the rest can wait until there is something to see.
+    /// Called before a window is created. At startup only the colour scheme is requested, because a
+    /// window must not open in the wrong one; the other settings can wait until this call.
     virtual void windowsWillOpen() = 0;
 
 signals:
-    /// One of the above is different now.
+    /// One of the settings has changed.
     void changed();
 };

@@ -4,7 +4,7 @@
 #include <QDateTime>
 #include <QObject>
 
-/// Tells the time of day.
+/// The system's clock.
 class Clock : public QObject
 {
     Q_OBJECT
@@ -13,12 +13,12 @@ class Clock : public QObject
 public:
     using QObject::QObject;
 
-    /// The present moment as an instant: always in UTC, so that it survives a change of time zone.
+    /// The current time, always in UTC, so that it stays valid when the time zone changes.
     [[nodiscard]] virtual QDateTime now() const = 0;
 
 signals:
-    /// The time of day jumped: somebody set the clock, or the computer woke up.
+    /// The clock jumped: somebody set it, or the computer woke up.
     void wasSet();
-    /// An instant may have to be shown anew, in another time zone.
+    /// The time zone may have changed, so displayed times must be updated.
     void zoneChanged();
 };

@@ -3,7 +3,7 @@
 
 #include <QObject>
 
-/// Whether windows are composited, so that a translucent one shows what lies behind it.
+/// Whether there is a compositor, so that translucent windows show what is behind them.
 class Compositor : public QObject
 {
     Q_OBJECT
@@ -13,10 +13,10 @@ public:
     using QObject::QObject;
 
     [[nodiscard]] virtual bool isRunning() const = 0;
-    /// Whether what lies behind a window is blurred where the window asks for it.
+    /// Whether the compositor blurs what is behind a window if the window asks for it.
     [[nodiscard]] virtual bool blursBehind() const = 0;
 
 signals:
-    /// A compositor started or ended while the program was running.
+    /// A compositor started or ended.
     void changed();
 };

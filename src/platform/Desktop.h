@@ -11,6 +11,7 @@
 #include "platform/Preferences.h"
 #include "platform/Program.h"
 #include "platform/RunningCopy.h"
+#include "platform/Session.h"
 #include "platform/Sounds.h"
 #include "platform/Timers.h"
 #include "platform/Tray.h"
@@ -18,7 +19,8 @@
 
 #include <memory>
 
-/// What the program asks of the desktop that it runs on, one member a capability; none is null.
+/// The program's interfaces to the desktop, one member per capability. None is null, except that a
+/// platform without suitable alerts of its own may leave out alerts.
 struct Desktop {
     std::unique_ptr<Program> program;
     std::unique_ptr<RunningCopy> runningCopy;
@@ -33,14 +35,15 @@ struct Desktop {
     std::unique_ptr<Compositor> compositor;
     std::unique_ptr<Appearance> appearance;
     std::unique_ptr<FolderChooser> folderChooser;
+    std::unique_ptr<Session> session;
     std::unique_ptr<PackageManager> packageManager;
 
-    /// Called first in main, before the application object is made.
+    /// Must be called first in main, before the application object is created.
     static void prepare();
-    /// The desktop of the platform that this was built for. Needs the application object; costs
-    /// nothing that a capability does not need before its first use.
+    /// The desktop for the platform of this build. Needs the application object. Capabilities defer
+    /// their work to their first use where they can.
     [[nodiscard]] static Desktop ofThisPlatform();
-    /// Called last in main, when nothing of the application is left; returns what main returns, or
-    /// does not return when a restart was asked for.
+    /// Must be called last in main, after the application object is gone. Returns the exit status
+    /// for main, or does not return if a restart was requested.
     [[nodiscard]] static int end(int exitStatus, char **argv);
 };

@@ -7,31 +7,30 @@
 
 #include <optional>
 
-/// Small synchronous file operations whose every step is checked. What cannot be looked at is not
-/// taken for missing, and nothing that is there is ever replaced or removed.
+/// Small synchronous file operations that check every step. A file that cannot be accessed is not
+/// assumed to be missing, and an existing file is never replaced or removed.
 class Files
 {
 public:
-    /// Why an operation failed, in the system's own words ("No space left on device"); nothing when
-    /// it succeeded.
+    /// The system's error message ("No space left on device"), or nullopt after a success.
     using Failure = std::optional<QString>;
 
     Files() = default;
     virtual ~Files() = default;
     Q_DISABLE_COPY_MOVE(Files)
 
-    /// Whether @p path names a file as the system knows it: a byte that is not UTF-8 is lost on its
-    /// way into a text, and the text would then name another file.
+    /// Whether @p path still names the file that it was read from: bytes that are not valid UTF-8
+    /// are lost in a QString, which would then name a different file.
     [[nodiscard]] virtual bool isFaithful(const QString &path) const = 0;
 
-    /// Makes the directory and those above it, unless anything, of any kind, is there already.
+    /// Creates the directory and its parents, unless something of any kind already exists there.
     [[nodiscard]] virtual Failure ensureDirectory(const QString &path) = 0;
 
-    /// Adds @p addition at the end of the regular file at @p path, or makes one of @p whole where
-    /// there is none, at the end of a link too; on the disk on return. Never reads or truncates. A
-    /// reader sees a new file with all of its bytes or not at all; of an addition that fails
-    /// midway, what was written stays. A file that another program makes or replaces meanwhile gets
-    /// the addition; when that goes on and on, the operation fails.
+    /// Appends @p addition to the regular file at @p path or, if there is none, creates it with the
+    /// content @p whole; follows symbolic links in both cases. The data is on the disk on return.
+    /// Never reads or truncates a file. Readers see a new file complete or not at all; if appending
+    /// fails midway, what was written stays. If another program creates or replaces the file in the
+    /// meantime, that file gets the addition; if this happens again and again, the operation fails.
     [[nodiscard]] virtual Failure appendOrCreate(const QString &path, const QByteArray &addition,
                                                  const QByteArray &whole)
         = 0;

@@ -8,7 +8,7 @@
 
 class QWidget;
 
-/// Lets the user pick a folder.
+/// Lets the user choose a folder.
 class FolderChooser
 {
 public:
@@ -16,9 +16,9 @@ public:
     virtual ~FolderChooser() = default;
     Q_DISABLE_COPY_MOVE(FolderChooser)
 
-    /// Opens the desktop's directory chooser over @p parent, with a default button named
-    /// @p prompt, and returns. @p chosen gets the absolute path of the folder; it is not called
-    /// when the user cancels. A chooser that is already open comes to the front instead.
+    /// Opens the desktop's folder chooser over @p parent, with a default button labelled @p prompt,
+    /// and returns immediately. @p chosen gets the absolute path of the folder; it is not called if
+    /// the user cancels. A chooser that is already open comes to the front instead.
     virtual void choose(QWidget &parent, const QString &prompt,
                         std::function<void(const QString &path)> chosen)
         = 0;

@@ -8,12 +8,11 @@
 #include <functional>
 #include <optional>
 
-/// The system's package manager, as far as one package goes. It looks into its sources, checks
-/// signatures, asks for passwords and installs; what its answers mean is decided elsewhere.
+/// The operations of the system's package manager on a single package. It queries its sources,
+/// checks signatures, asks for passwords and installs; its answers are interpreted elsewhere.
 ///
-/// Nothing here waits. One operation runs at a time; its callback gets the outcome once, whatever
-/// happens, and may get it before the operation returns. Texts have been cut to a length that can
-/// be shown.
+/// Nothing here blocks. One operation runs at a time. Its callback is called exactly once, possibly
+/// before the function returns. Texts are shortened to a length that can be shown.
 class PackageManager : public QObject
 {
     Q_OBJECT
@@ -21,38 +20,38 @@ class PackageManager : public QObject
 
 public:
     struct Package {
-        /// The package manager's own words for it, handed back to it as they are.
+        /// The package manager's own identifier, passed back to it unchanged.
         QString id{};
         QString name{};
-        /// As the package manager counts.
+        /// The version of the package.
         QString version{};
-        /// Of the program that is in it: without what packagers add to the version.
+        /// The version of the program in it, without what packagers add.
         QString programVersion{};
-        /// Where it came from, or would come from; empty where that is not known.
+        /// Where it came from or would come from; empty if unknown.
         QString source{};
-        /// It is known to have come from no source that the system follows.
+        /// It is known not to come from any of the system's sources.
         bool isWithoutSource = false;
-        /// The package manager was told to leave it as it is.
+        /// The package manager is configured not to change it.
         bool isHeldBack = false;
     };
     enum class Failure {
         none,
         cancelled,
-        /// Nobody answers, or not any more.
+        /// The service does not answer, or no longer does.
         noService,
         offline,
         /// Other software is being installed.
         busy,
         notAuthorised,
-        /// What the sources say is not signed as it must be.
+        /// The sources' package lists are not signed as required.
         improperlySigned,
-        /// The package could not be had, or is not what was announced.
+        /// The package could not be downloaded, or does not match the list.
         notDownloaded,
         other,
     };
     struct Outcome {
         Failure failure = Failure::none;
-        /// What the package manager says about it, for those who can mend it.
+        /// The package manager's message, for those who can fix the problem.
         QString details{};
 
         [[nodiscard]] bool succeeded() const { return failure == Failure::none; }
@@ -66,15 +65,15 @@ public:
         enum class Step { working, waitingForOthers, waitingForAuthorisation, downloading };
 
         Step step = Step::working;
-        /// 0 to 100; nothing while that cannot be told.
+        /// 0 to 100; nullopt while unknown.
         std::optional<int> percentage{};
-        /// Bytes that are still to be downloaded.
+        /// Bytes left to download.
         quint64 remainingSize = 0;
         bool allowsCancel = false;
     };
 
     using Done = std::function<void(const Outcome &)>;
-    /// The package may be there although something went wrong.
+    /// There may be a package even after a failure.
     using Found = std::function<void(const Outcome &, const std::optional<Package> &)>;
     using Told = std::function<void(const Outcome &, const QString &)>;
     using Listed = std::function<void(const Outcome &, const QList<Change> &)>;
@@ -83,28 +82,27 @@ public:
 
     /// Finds the installed package that the file at @p path belongs to.
     virtual void findPackageOf(const QString &path, Found found) = 0;
-    /// Asks all sources of the system what there is.
+    /// Refreshes the package lists from all sources of the system.
     virtual void refreshSources(Done done) = 0;
-    /// Finds a newer version of @p installed, as the package manager orders versions, in what the
-    /// sources said last.
+    /// Finds a newer version of @p installed, by the package manager's order, in the package lists
+    /// from the last refresh.
     virtual void findNewerVersion(const Package &installed, Found found) = 0;
-    /// Finds what @p installed is by now.
+    /// Finds the version of @p installed that is installed now.
     virtual void findInstalled(const Package &installed, Found found) = 0;
-    /// Reads what is new in @p update: plain text, empty where its source tells nothing.
+    /// Gets the release notes of @p update as plain text; empty if its source has none.
     virtual void readReleaseNotes(const Package &update, Told told) = 0;
-    /// Lists what would change with @p update, itself included, and changes nothing.
+    /// Lists the packages that @p update would change, including itself, without changing any.
     virtual void simulate(const Package &update, Listed listed) = 0;
-    /// Installs @p update if it is signed as the system demands; asks for authorisation if need be.
+    /// Installs @p update if it is signed as the system requires. Asks for authorisation if needed.
     virtual void install(const Package &update, Done done) = 0;
 
-    /// Asks the operation that is under way to stop, if its progress allows that. It still has its
-    /// outcome.
-    virtual void cancel() = 0;
-    /// The outcome of the operation that is under way is not wanted any more: its callback is not
+    /// Asks the current operation to stop, if its progress allows that. Its callback is still
     /// called.
+    virtual void cancel() = 0;
+    /// Makes sure that the callback of the current operation is not called.
     virtual void forget() = 0;
 
 signals:
-    /// Of the operation that is under way.
+    /// The progress of the current operation.
     void progressed(const PackageManager::Progress &progress);
 };

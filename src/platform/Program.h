@@ -4,7 +4,7 @@
 #include <QString>
 #include <QtGlobal>
 
-/// The running program as its system sees it.
+/// The running program as seen by the operating system.
 class Program
 {
 public:
@@ -12,12 +12,11 @@ public:
     virtual ~Program() = default;
     Q_DISABLE_COPY_MOVE(Program)
 
-    /// The program's own file as it was when it was started: an upgrade replaces the file under the
-    /// running program.
+    /// The path of the program's file at startup. An upgrade may have replaced the file since.
     [[nodiscard]] virtual QString path() const = 0;
-    /// Whether there is something to start at path().
+    /// Whether there is a program to start at path().
     [[nodiscard]] virtual bool canRestart() const = 0;
-    /// Ends the program through the event loop and has it started again from path(). Does nothing
-    /// where the program is ending already.
+    /// Leaves the event loop and restarts the program from path(). Does nothing if the program is
+    /// already ending.
     virtual void restart() = 0;
 };

@@ -3,8 +3,8 @@
 
 #include <QObject>
 
-/// Makes sure that only one copy of the program runs in a session, and lets other programs ask
-/// things of that copy.
+/// Makes sure that only one copy of the program runs in a session, and receives requests from other
+/// programs.
 class RunningCopy : public QObject
 {
     Q_OBJECT
@@ -13,20 +13,24 @@ class RunningCopy : public QObject
 public:
     using QObject::QObject;
 
-    /// Finds out whether this is the first copy; answers with one of the next three signals.
+    /// Determines whether this is the first copy, and emits one of the next three signals.
     virtual void claim() = 0;
 
-signals:
-    /// This is the only copy, or nobody can tell.
-    void isFirst();
-    /// Another copy runs and has been asked to come forward.
-    void isAnother();
-    /// Another copy runs, but does not answer.
-    void isStuck();
+    /// Somebody has just started this copy by hand, from a launcher for example, and not the
+    /// desktop at login.
+    [[nodiscard]] virtual bool wasStartedByHand() const = 0;
 
-    /// Somebody started the program again, from a launcher for example.
+signals:
+    /// This is the only copy, or this cannot be determined.
+    void becameFirst();
+    /// Another copy is running and has been activated.
+    void foundAnother();
+    /// Another copy is running but does not respond.
+    void foundUnresponsive();
+
+    /// The program was started again, for example from a launcher.
     void activated();
-    /// Somebody asks for one of the actions that the launcher offers: "write-now", "settings",
-    /// "check-for-updates" or "quit"; other words are passed on as they came.
+    /// One of the launcher's actions was requested: "write-now", "settings", "check-for-updates" or
+    /// "quit". Unknown actions are passed on unchanged.
     void actionRequested(const QString &action);
 };

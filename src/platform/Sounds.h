@@ -6,7 +6,7 @@
 
 #include <memory>
 
-/// One alert sound, ready to be played.
+/// An alert sound, ready to be played.
 class Sound
 {
 public:
@@ -14,12 +14,12 @@ public:
     virtual ~Sound() = default;
     Q_DISABLE_COPY_MOVE(Sound)
 
-    /// Starts the sound and returns at once; a machine that cannot play it stays silent.
+    /// Starts the sound and returns immediately. If it cannot be played, nothing happens.
     virtual void play() = 0;
     virtual void stop() = 0;
 };
 
-/// The alert sounds that there are.
+/// The available alert sounds.
 class Sounds
 {
 public:
@@ -27,6 +27,6 @@ public:
     virtual ~Sounds() = default;
     Q_DISABLE_COPY_MOVE(Sounds)
 
-    /// Null when no sound has exactly this name.
+    /// Null if no sound has exactly this name.
     [[nodiscard]] virtual std::unique_ptr<Sound> soundNamed(const QString &name) = 0;
 };

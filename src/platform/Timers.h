@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-/// A running repeating timer. Destroying it stops it for good.
+/// A running repeating timer. Destroying it stops it.
 class RepeatingTimer
 {
 public:
@@ -15,11 +15,11 @@ public:
     virtual ~RepeatingTimer() = default;
     Q_DISABLE_COPY_MOVE(RepeatingTimer)
 
-    /// Until the next call; a part of a second counts as a whole one.
+    /// The time until the next call, rounded up to seconds.
     [[nodiscard]] virtual std::chrono::seconds remaining() const = 0;
 };
 
-/// Makes timers that wake the program once an interval and never in between.
+/// Creates timers that wake the program once per interval and not in between.
 class Timers
 {
 public:
@@ -27,10 +27,10 @@ public:
     virtual ~Timers() = default;
     Q_DISABLE_COPY_MOVE(Timers)
 
-    /// Calls @p action on the main thread every @p interval from now on, also while a menu or a
-    /// modal window is open. The time that the computer sleeps counts; however many intervals
-    /// passed meanwhile, there is one call, and the next comes a whole interval after it.
-    /// @p interval is positive and may be as long as 64 bits hold.
+    /// Calls @p action on the main thread every @p interval from now on, even while a menu or a
+    /// modal window is open. Time during which the computer sleeps counts. After a sleep there is
+    /// only one call, however many intervals have passed, and the next comes a full interval later.
+    /// @p interval must be positive and can be any 64-bit value.
     [[nodiscard]] virtual std::unique_ptr<RepeatingTimer> repeat(std::chrono::seconds interval,
                                                                  std::function<void()> action)
         = 0;

@@ -9,8 +9,7 @@
 
 class QMenu;
 
-/// The desktop's system tray, whenever there is one: it may come late, go and come back, and
-/// nothing waits for it.
+/// The desktop's system tray. It may appear late, disappear and come back; nothing blocks on it.
 class Tray : public QObject
 {
     Q_OBJECT
@@ -20,18 +19,23 @@ public:
     using QObject::QObject;
 
     struct Item {
-        /// By which a desktop remembers what the user wants of the item.
+        /// Identifies the item in the desktop's own settings.
         QString id;
-        /// What the desktop shows at the pointer.
+        /// Shown by the desktop as the tooltip.
         QString title;
-        /// The picture in one colour, as large as it is asked for. Its name is that of an installed
-        /// file, which a desktop may take instead and recolour.
+        /// The icon in one colour, at any size. Its name is that of an installed file, which the
+        /// desktop may use instead and recolour.
         std::function<QIcon(const QColor &color)> icon;
-        /// Shown by the desktop from a description that follows the menu's changes, or as it is.
-        /// Must outlive the tray.
+        /// Drawn by the desktop, which follows the menu's changes, or by the toolkit. Must outlive
+        /// the tray.
         QMenu *menu;
     };
 
-    /// To be called once.
+    /// Must be called only once.
     virtual void show(const Item &item) = 0;
+
+signals:
+    /// There is no tray that shows the item, now that all that could have been asked have answered.
+    /// Sent at most once; one may come later.
+    void isMissing();
 };

@@ -2,12 +2,13 @@
 #pragma once
 
 #include <QMargins>
+#include <QPoint>
 #include <QRegion>
 #include <QtGlobal>
 
 class QWidget;
 
-/// What a window of ours asks of the window system beyond what the toolkit asks for it.
+/// Window system features for our windows that the toolkit does not provide.
 class Windows
 {
 public:
@@ -15,13 +16,16 @@ public:
     virtual ~Windows() = default;
     Q_DISABLE_COPY_MOVE(Windows)
 
+    /// Moves @p window to @p topLeft on the screen (logical pixels). If it is not shown yet, it
+    /// opens there, even if its size changes in the meantime.
+    virtual void place(QWidget &window, const QPoint &topLeft) = 0;
     /// Shows @p window, keeps it out of the taskbar and the pager, brings it to the front and gives
-    /// it the keyboard, even when the user is typing into another application.
+    /// it keyboard focus, even while the user is typing into another application.
     virtual void present(QWidget &window) = 0;
-    /// Announces that @p shadow, in logical pixels at each edge, is drawn by the window itself and
-    /// is neither part of its frame nor of what can be clicked.
+    /// Declares @p shadow, in logical pixels at each edge, to be a shadow drawn by the window
+    /// itself, which is not part of its frame and lets clicks through.
     virtual void setShadow(QWidget &window, const QMargins &shadow) = 0;
-    /// Asks for a blurred backdrop behind @p region (logical pixels; empty for none). What comes of
-    /// it is told by Compositor::blursBehind.
+    /// Asks for a blurred backdrop behind @p region (logical pixels; empty for none). Whether it is
+    /// blurred is up to Compositor::blursBehind.
     virtual void setBlurBehind(QWidget &window, const QRegion &region) = 0;
 };

@@ -13,21 +13,21 @@ void AppState::showPrompt()
     const QDateTime openedAt = m_desktop.clock->now();
     m_desktop.appearance->windowsWillOpen();
     const QPointer state = this;
-    m_promptWindow.reset(new PromptWindow(openedAt, preferredColorScheme(m_theme), m_desktop,
-                                          {.onSubmit =
-                                               [state, openedAt](const QString &text) {
-                                                   if (state) {
-                                                       state->savePrompt(text, openedAt);
-                                                       state->closePrompt();
-                                                   }
-                                               },
-                                           .onCancel =
-                                               [state] {
-                                                   if (state) {
-                                                       state->closePrompt();
-                                                   }
-                                               },
-                                           .onHeightChange = {}}));
+    PromptCallbacks callbacks{.onSubmit =
+                                  [state, openedAt](const QString &text) {
+                                      if (state) {
+                                          state->savePrompt(text, openedAt);
+                                          state->closePrompt();
+                                      }
+                                  },
+                              .onCancel =
+                                  [state] {
+                                      if (state) {
+                                          state->closePrompt();
+                                      }
+                                  }};
+    m_promptWindow.reset(
+        new PromptWindow(openedAt, preferredColorScheme(m_theme), m_desktop, std::move(callbacks)));
     playSelectedSound();
     m_desktop.windows->present(*m_promptWindow);
 }

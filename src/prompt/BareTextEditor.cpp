@@ -4,7 +4,6 @@
 #include "look/Accessible.h"
 #include "look/Fonts.h"
 #include "look/Look.h"
-#include "look/TextMenu.h"
 #include "prompt/EditorHeight.h"
 #include "prompt/PlainText.h"
 
@@ -81,6 +80,17 @@ QString BareTextEditor::text() const
     return text.replace(QChar::LineSeparator, u'\n');
 }
 
+bool BareTextEditor::isBlank() const
+{
+    // Letter by letter: the text as a whole would be copied, and this is asked after every key.
+    const int end = document()->characterCount();
+    int place = 0;
+    while (place < end && document()->characterAt(place).isSpace()) {
+        ++place;
+    }
+    return place == end;
+}
+
 void BareTextEditor::setText(const QString &text)
 {
     const QString plain = plainText(text);
@@ -95,6 +105,28 @@ bool BareTextEditor::isComposing() const
     return layout != nullptr && !layout->preeditAreaText().isEmpty();
 }
 
+void BareTextEditor::endComposition()
+{
+    if (!isComposing()) {
+        return;
+    }
+    QInputMethodEvent end;
+    end.setCommitString(textCursor().block().layout()->preeditAreaText());
+    m_ended.clear();
+    m_isEnding = true;
+    QInputMethod &inputMethod = *QGuiApplication::inputMethod();
+    inputMethod.commit();
+    if (isComposing()) {
+        // Some plug-ins know of no commit, but do at a reset what the others do at a commit.
+        inputMethod.reset();
+    }
+    if (isComposing()) {
+        QCoreApplication::sendEvent(this, &end);
+    }
+    m_isEnding = false;
+    m_hasJustComposed = false;
+}
+
 void BareTextEditor::setLook(const Look &look)
 {
     QPalette palette = look.palette();
@@ -107,6 +139,7 @@ void BareTextEditor::setLook(const Look &look)
 void BareTextEditor::keyPressEvent(QKeyEvent *event)
 {
     m_hasJustComposed = false;
+    m_ended.clear();
     if (!insertsLineBreak(*event)) {
         QPlainTextEdit::keyPressEvent(event);
         return;
@@ -125,11 +158,17 @@ void BareTextEditor::keyReleaseEvent(QKeyEvent *event)
 void BareTextEditor::mousePressEvent(QMouseEvent *event)
 {
     m_hasJustComposed = false;
+    // The toolkit would take it along to the new place of the caret, or commit it twice.
+    endComposition();
     QPlainTextEdit::mousePressEvent(event);
 }
 
 void BareTextEditor::inputMethodEvent(QInputMethodEvent *event)
 {
+    if (repeatsEnded(*event)) {
+        event->accept();
+        return;
+    }
     const bool wasComposing = isComposing();
     const QString plain = plainText(event->commitString());
     if (plain != event->commitString()) {
@@ -138,6 +177,21 @@ void BareTextEditor::inputMethodEvent(QInputMethodEvent *event)
     QPlainTextEdit::inputMethodEvent(event);
     // Engines may say twice that nothing is composed any more.
     m_hasJustComposed = !isComposing() && (wasComposing || m_hasJustComposed);
+}
+
+bool BareTextEditor::repeatsEnded(const QInputMethodEvent &event)
+{
+    if (m_isEnding) {
+        m_ended += event.commitString();
+        return false;
+    }
+    if (event.commitString().isEmpty() && event.preeditString().isEmpty()) {
+        return false;
+    }
+    // Told to forget what its plug-in has committed, an engine may commit it as well, and late.
+    const bool repeats = event.preeditString().isEmpty() && event.commitString() == m_ended;
+    m_ended.clear();
+    return repeats;
 }
 
 bool BareTextEditor::takeHasJustComposed()
@@ -173,11 +227,6 @@ void BareTextEditor::paintEvent(QPaintEvent *event)
         QPainter(viewport())
             .fillRect(caret.x(), caret.y(), caretWidth, caret.height(), m_caretColor);
     }
-}
-
-void BareTextEditor::contextMenuEvent(QContextMenuEvent *event)
-{
-    TextMenu::popUp(*this, event->globalPos());
 }
 
 bool BareTextEditor::canInsertFromMimeData(const QMimeData *source) const

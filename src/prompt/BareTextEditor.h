@@ -26,6 +26,8 @@ public:
     /// The note as it stands, lines divided by LF. Copies it: a note may be megabytes long, and
     /// typing must not cost more for that.
     [[nodiscard]] QString text() const;
+    /// There is nothing in the note but white space.
+    [[nodiscard]] bool isBlank() const;
     /// Replaces the whole note, unless it is the same already.
     void setText(const QString &text);
     /// An input method is in the middle of composing something.
@@ -33,6 +35,8 @@ public:
     /// A composition has ended and no key that the editor saw has come since; asking forgets it.
     /// Some engines end it themselves at a key that they then pass on.
     [[nodiscard]] bool takeHasJustComposed();
+    /// Makes what is being composed part of the note, at its place.
+    void endComposition();
     /// Tells the input method where the caret is now; to be called when the window has moved.
     void tellCaretPlace();
     [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery property) const override;
@@ -45,16 +49,19 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
-    void contextMenuEvent(QContextMenuEvent *event) override;
     [[nodiscard]] bool canInsertFromMimeData(const QMimeData *source) const override;
     void insertFromMimeData(const QMimeData *source) override;
     [[nodiscard]] QMimeData *createMimeDataFromSelection() const override;
 
 private:
     void takeFocusAndMeasure();
+    [[nodiscard]] bool repeatsEnded(const QInputMethodEvent &event);
 
     QColor m_caretColor;
     bool m_hasJustComposed = false;
+    bool m_isEnding = false;
+    /// What endComposition has committed, until the input method turns to something else.
+    QString m_ended;
     class Coordinator *m_coordinator;
 };
 

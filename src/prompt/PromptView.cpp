@@ -2,7 +2,9 @@
 #include "prompt/PromptView.h"
 
 #include "look/Accessible.h"
+#include "look/Shadow.h"
 #include "look/Squircle.h"
+#include "look/TextMenu.h"
 #include "prompt/BareTextEditor.h"
 
 #include <QGuiApplication>
@@ -65,32 +67,40 @@ void WritingBox::paintEvent(QPaintEvent *)
 
 void WritingBox::mousePressEvent(QMouseEvent *event)
 {
+    m_editor->endComposition();
     // The padding belongs to the paper: a click there puts the caret at the nearest place.
     const QPoint inEditor = m_editor->viewport()->mapFrom(this, event->position().toPoint());
     m_editor->setTextCursor(m_editor->cursorForPosition(inEditor));
     m_editor->setFocus(Qt::MouseFocusReason);
 }
 
-PromptView::PromptView(PromptCallbacks callbacks, const Look &look, QWidget *parent)
+PromptView::PromptView(PromptCallbacks callbacks, std::function<void()> onHeightChange,
+                       const Look &look, QWidget *parent)
     : QWidget(parent)
     , m_callbacks(std::move(callbacks))
     , m_colorScheme(look.scheme)
     , m_box(new WritingBox(
           look,
-          [this] {
+          [this, onHeightChange = std::move(onHeightChange)] {
               updateGeometry();
-              m_callbacks.onHeightChange();
+              onHeightChange();
           },
           this))
 {
     Accessible::setRole(*this, QAccessible::Client);
     setFocusProxy(m_box);
     addShortcuts();
+    connect(&m_box->editor(), &QPlainTextEdit::textChanged, this, &PromptView::noteChanged);
 }
 
 QSize PromptView::sizeHint() const
 {
     return {width, static_cast<int>(editorHeight()) + 2 * margin};
+}
+
+bool PromptView::isBlank() const
+{
+    return m_box->editor().isBlank();
 }
 
 void PromptView::setLook(const Look &look)
@@ -103,6 +113,11 @@ void PromptView::setLook(const Look &look)
 void PromptView::placeDidChange()
 {
     m_box->editor().tellCaretPlace();
+}
+
+void PromptView::serveMenu(const Compositor &compositor)
+{
+    TextMenu::serve(m_box->editor(), compositor);
 }
 
 void PromptView::setDescription(const QString &description)
@@ -119,9 +134,8 @@ void PromptView::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     const double opacity = m_colorScheme == ColorScheme::Light ? 0.14 : 0.28;
-    m_shadow.paint(
-        painter, m_box->geometry(), WritingBox::cornerRadius,
-        {.offsetY = 1, .blur = 3, .color = QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity))});
+    Shadow{.offsetY = 1, .blur = 3, .color = atOpacity(Qt::black, opacity)}.paint(
+        painter, m_box->geometry(), WritingBox::cornerRadius);
 }
 
 void PromptView::addShortcuts()
@@ -145,7 +159,7 @@ void PromptView::addShortcuts()
 void PromptView::submit()
 {
     // What an input method still holds was typed too.
-    QGuiApplication::inputMethod()->commit();
+    m_box->editor().endComposition();
     const QString note = m_box->editor().text().trimmed();
     if (!note.isEmpty()) {
         m_callbacks.onSubmit(note);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "look/Look.h"
-#include "look/Shadow.h"
 #include "prompt/EditorHeight.h"
 
 #include <QWidget>
@@ -10,14 +9,13 @@
 #include <functional>
 
 class BareTextEditor;
+class Compositor;
 
-/// What a prompt tells whoever opened it. The view never saves, closes or resizes by itself.
+/// What a prompt tells whoever opened it. It never saves or closes by itself.
 struct PromptCallbacks {
     /// Gets a note that is not empty and has no white space at either end.
     std::function<void(const QString &text)> onSubmit;
     std::function<void()> onCancel;
-    /// The view's fitting size is different now.
-    std::function<void()> onHeightChange;
 };
 
 /// The white box of a prompt with the note in it. Clips the editor while the prompt still grows
@@ -60,8 +58,12 @@ public:
     /// Between the box and each edge.
     static constexpr int margin = 12;
 
-    PromptView(PromptCallbacks callbacks, const Look &look, QWidget *parent);
+    /// @p onHeightChange hears that sizeHint() is different now.
+    PromptView(PromptCallbacks callbacks, std::function<void()> onHeightChange, const Look &look,
+               QWidget *parent);
 
+    /// There is no note yet that could be submitted.
+    [[nodiscard]] bool isBlank() const;
     /// The height of the writing box.
     [[nodiscard]] double editorHeight() const { return m_box->editorHeight(); }
     /// 560 wide, and as high as the text wants.
@@ -69,8 +71,13 @@ public:
     void setLook(const Look &look);
     /// The view is at another place of the screen.
     void placeDidChange();
+    /// Gives the note its context menu; @p compositor must outlive the view.
+    void serveMenu(const Compositor &compositor);
     /// What a screen reader says of the editor after its name.
     void setDescription(const QString &description);
+
+signals:
+    void noteChanged();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
@@ -84,5 +91,4 @@ private:
     PromptCallbacks m_callbacks;
     ColorScheme m_colorScheme;
     WritingBox *m_box;
-    ShadowPainter m_shadow;
 };

@@ -1,19 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Desktop.h"
+#include "look/FloatingWindow.h"
 #include "prompt/PromptGlassBackground.h"
 #include "prompt/PromptView.h"
 
 #include <QDateTime>
 #include <QVariantAnimation>
-#include <QWidget>
 
 class TitleStrip;
 
-/// The floating card: its frame, its place on the screen, and the shadow that it draws around
-/// itself. Closing it only hides it.
-class PromptWindow final : public QWidget
+/// The floating card. Grows with its text, its top edge still. Closing it only hides it.
+class PromptWindow final : public FloatingWindow
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(PromptWindow)
@@ -25,7 +23,7 @@ public:
                  const Desktop &desktop, PromptCallbacks callbacks);
 
 protected:
-    bool event(QEvent *event) override;
+    [[nodiscard]] QPoint openingPlace(const QSize &size) const override;
     void closeEvent(QCloseEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void moveEvent(QMoveEvent *event) override;
@@ -34,27 +32,16 @@ protected:
 
 private:
     void createContent(const QString &title, PromptCallbacks callbacks);
-    void followDesktop();
-    void centreOnScreenWithPointer();
-    void changeScreen();
-    void followScreens();
+    void holdSession() const;
     void settle();
     void scheduleFit();
     void fit();
+    [[nodiscard]] int fittingHeight() const;
     void setFrameHeight(int height);
-    [[nodiscard]] int frameHeight() const;
-    [[nodiscard]] QRect frame() const;
-    void updateBackdrop();
     void updateLook();
-    void announceShape();
 
     std::optional<ColorScheme> m_forcedScheme;
-    const Desktop &m_desktop;
     PromptGlassBackground m_background;
-    PromptGlassBackground::Behind m_behind = PromptGlassBackground::Behind::Opaque;
-    QMargins m_shadow;
-    /// Where the window opened; left to the user from then on.
-    QPoint m_place;
     TitleStrip *m_titleStrip = nullptr;
     PromptView *m_view = nullptr;
     QVariantAnimation m_heightAnimation;

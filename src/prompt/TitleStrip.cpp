@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "prompt/TitleStrip.h"
 
+#include "look/Accessible.h"
+#include "look/ControlStyle.h"
 #include "look/Fonts.h"
 
 #include <QLabel>
@@ -10,6 +12,8 @@ namespace
 {
 constexpr int buttonDiameter = 12;
 constexpr int buttonLeft = 12;
+// So that it is easily hit (WCAG 2.2, 2.5.8).
+constexpr int buttonSide = 24;
 constexpr int hintTrailing = 24;
 } // namespace
 
@@ -17,7 +21,7 @@ CloseButton::CloseButton(QWidget *parent)
     : QAbstractButton(parent)
 {
     setAccessibleName(tr("Close"));
-    setFixedSize(buttonDiameter, buttonDiameter);
+    setFixedSize(buttonSide, buttonSide);
     // A click must not take the caret out of the note; Control-Tab can.
     setFocusPolicy(Qt::TabFocus);
 }
@@ -30,14 +34,22 @@ bool CloseButton::showsCross() const
 void CloseButton::paintEvent(QPaintEvent *)
 {
     const QColor red(0xFF5F57);
+    QRectF circle(0, 0, buttonDiameter, buttonDiameter);
+    circle.moveCenter(QRectF(rect()).center());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    if (hasFocus()) {
+        constexpr qreal ring = ControlStyle::faceMargin;
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(palette().color(Look::focusRingRole));
+        painter.drawEllipse(circle.adjusted(-ring, -ring, ring, ring));
+    }
     painter.setPen(QPen(red.darker(115), 0.5));
     painter.setBrush(isDown() ? red.darker(125) : red);
-    painter.drawEllipse(QRectF(rect()).adjusted(0.25, 0.25, -0.25, -0.25));
+    painter.drawEllipse(circle.adjusted(0.25, 0.25, -0.25, -0.25));
     if (showsCross()) {
         constexpr qreal arm = 2.4;
-        const QPointF centre = QRectF(rect()).center();
+        const QPointF centre = circle.center();
         painter.setPen(QPen(QColor(0x7E0508), 1.2, Qt::SolidLine, Qt::RoundCap));
         painter.drawLine(centre - QPointF(arm, arm), centre + QPointF(arm, arm));
         painter.drawLine(centre - QPointF(arm, -arm), centre + QPointF(arm, -arm));
@@ -69,12 +81,15 @@ TitleStrip::TitleStrip(const QString &title, const Look &look, QWidget *parent)
         label->setAttribute(Qt::WA_TransparentForMouseEvents);
     }
     connect(m_closeButton, &QAbstractButton::clicked, this, &TitleStrip::closeRequested);
+    // The editor tells it in words.
+    m_hint->setAccessibleName(m_hint->text());
+    Accessible::hide(*m_hint);
     setLook(look);
 }
 
-QString TitleStrip::hint() const
+QString TitleStrip::spokenHint()
 {
-    return m_hint->text();
+    return tr("Command Return to save, Escape to cancel");
 }
 
 void TitleStrip::setLook(const Look &look)
@@ -86,11 +101,12 @@ void TitleStrip::setLook(const Look &look)
     };
     color(*m_title, look.primaryText);
     color(*m_hint, look.hint);
+    m_closeButton->setPalette(look.palette());
 }
 
 void TitleStrip::resizeEvent(QResizeEvent *)
 {
-    m_closeButton->move(buttonLeft, (height - buttonDiameter) / 2);
+    m_closeButton->move(buttonLeft - (buttonSide - buttonDiameter) / 2, (height - buttonSide) / 2);
     const int titleWidth = m_title->sizeHint().width();
     m_title->setGeometry((width() - titleWidth) / 2, 0, titleWidth, height);
     const int hintWidth = m_hint->sizeHint().width();

@@ -37,8 +37,8 @@ public:
 
     TitleStrip(const QString &title, const Look &look, QWidget *parent);
 
-    /// What the keyboard can do.
-    [[nodiscard]] QString hint() const;
+    /// What the keyboard can do, in words for a screen reader, which would skip the symbols.
+    [[nodiscard]] static QString spokenHint();
     void setLook(const Look &look);
 
 signals:

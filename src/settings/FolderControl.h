@@ -3,9 +3,9 @@
 
 #include <QWidget>
 
-class AppState;
 class ElidedLabel;
 class QLabel;
+class QPushButton;
 
 /// Shows the journal folder and lets the user choose another.
 class FolderControl final : public QWidget
@@ -14,17 +14,19 @@ class FolderControl final : public QWidget
     Q_DISABLE_COPY_MOVE(FolderControl)
 
 public:
-    /// @p state must outlive the control.
-    explicit FolderControl(AppState &state);
+    FolderControl();
+
+    /// Empty while no folder has been chosen.
+    void showFolder(const QString &path);
+
+signals:
+    void chooseRequested();
 
 private:
     [[nodiscard]] QLayout *createTexts();
-    void refresh();
-    void pickFolder();
-    void take(const QString &path);
 
-    AppState &m_state;
     QLabel *m_none;
     ElidedLabel *m_name;
     ElidedLabel *m_path;
+    QPushButton *m_button;
 };

@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "settings/FrequencyControl.h"
 
-#include "core/AppState.h"
-#include "core/StateObserver.h"
+#include "look/Accessible.h"
 #include "look/ControlStyle.h"
 #include "look/Fonts.h"
 #include "look/Labels.h"
 #include "look/Look.h"
 #include "look/OverhangItem.h"
 #include "look/TextMenu.h"
-#include "settings/IntervalText.h"
 #include "settings/Stepper.h"
 
-#include <QContextMenuEvent>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QHBoxLayout>
@@ -38,11 +35,6 @@ NumberField::NumberField(std::function<void(const QString &)> committed, QWidget
     connect(this, &QLineEdit::returnPressed, this, &NumberField::commit);
 }
 
-void NumberField::contextMenuEvent(QContextMenuEvent *event)
-{
-    TextMenu::popUp(*this, event->globalPos());
-}
-
 void NumberField::focusOutEvent(QFocusEvent *event)
 {
     QLineEdit::focusOutEvent(event);
@@ -55,6 +47,15 @@ void NumberField::hideEvent(QHideEvent *event)
 {
     commitIfEdited();
     QLineEdit::hideEvent(event);
+}
+
+void NumberField::keyPressEvent(QKeyEvent *event)
+{
+    if (event->matches(QKeySequence::Paste)) {
+        TextMenu::paste(*this);
+    } else {
+        QLineEdit::keyPressEvent(event);
+    }
 }
 
 void NumberField::keyReleaseEvent(QKeyEvent *event)
@@ -77,16 +78,21 @@ void NumberField::commit()
     m_committed(text());
 }
 
-FrequencyControl::FrequencyControl(AppState &state)
-    : m_state(state)
-    , m_number(new NumberField([this](const QString &text) { take(text); }, this))
-    , m_stepper(new Stepper([this](int direction) { step(direction); }, this))
+FrequencyControl::FrequencyControl(const Compositor &compositor)
+    : m_number(new NumberField([this](const QString &text) { take(text); }, this))
+    , m_stepper(new Stepper({.minimum = static_cast<int>(IntervalText::minimum),
+                             .maximum = static_cast<int>(IntervalText::maximum),
+                             .step = static_cast<int>(IntervalText::step)},
+                            {.stepBy = [this](int direction) { step(direction); },
+                             .set = [this](int minutes) { set(minutes); }},
+                            this))
     , m_unit(Labels::plain(QString(), systemFont(FontSizes::subheadline), Look::secondaryTextRole))
     , m_nextAt(
           Labels::plain(tr("next at"), systemFont(FontSizes::subheadline), Look::tertiaryTextRole))
     , m_nextTime(
           Labels::plain(QString(), systemFont(FontSizes::subheadline), Look::secondaryTextRole))
 {
+    TextMenu::serve(*m_number, compositor);
     m_number->setAccessibleName(QStringLiteral("Prompt Frequency"));
     m_stepper->setAccessibleName(m_number->accessibleName());
     auto *const next = new QHBoxLayout;
@@ -103,18 +109,13 @@ FrequencyControl::FrequencyControl(AppState &state)
     layout->addWidget(m_unit);
     layout->addStretch();
     layout->addLayout(next);
-
-    new StateObserver(state, this, [this] { refresh(); });
-    connect(state.desktop().clock.get(), &Clock::zoneChanged, this,
-            &FrequencyControl::showNextPrompt);
-    showNumber();
-    refresh();
 }
 
 void FrequencyControl::take(const QString &text)
 {
     if (const auto minutes = IntervalText::parsed(text, QLocale::system())) {
-        m_state.setIntervalMinutes(IntervalText::clamped(*minutes));
+        m_minutes = IntervalText::clamped(*minutes);
+        emit minutesChosen(m_minutes);
     }
     showNumber();
 }
@@ -122,10 +123,14 @@ void FrequencyControl::take(const QString &text)
 void FrequencyControl::step(int direction)
 {
     m_number->commitIfEdited();
-    const qint64 stepped
-        = IntervalText::clamped(m_state.intervalMinutes() + direction * IntervalText::step);
-    if (stepped != m_state.intervalMinutes()) {
-        m_state.setIntervalMinutes(stepped);
+    set(IntervalText::clamped(m_minutes + direction * IntervalText::step));
+}
+
+void FrequencyControl::set(qint64 minutes)
+{
+    if (minutes != m_minutes) {
+        m_minutes = minutes;
+        emit minutesChosen(minutes);
         showNumber();
     }
 }
@@ -134,34 +139,41 @@ void FrequencyControl::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LocaleChange) {
         showNumber();
-        showNextPrompt();
+        showNextTime();
     }
     QWidget::changeEvent(event);
 }
 
-void FrequencyControl::refresh()
+void FrequencyControl::showMinutes(qint64 minutes)
 {
+    m_minutes = minutes;
     if (!m_number->isModified()) {
         showNumber();
     }
-    m_unit->setText(m_state.intervalMinutes() == 1 ? tr("minute") : tr("minutes"));
-    showNextPrompt();
+    m_unit->setText(m_minutes == 1 ? tr("minute") : tr("minutes"));
+    Accessible::describe(*m_number, m_unit->text());
+}
+
+void FrequencyControl::showNextPrompt(const std::optional<QDateTime> &next)
+{
+    m_next = next;
+    showNextTime();
 }
 
 void FrequencyControl::showNumber()
 {
-    m_number->setText(IntervalText::text(m_state.intervalMinutes(), QLocale::system()));
-    // What a screen reader says when the stepper steps.
-    m_stepper->setAccessibleDescription(m_number->text());
+    m_number->setText(IntervalText::text(m_minutes, QLocale::system()));
+    m_stepper->setValue(static_cast<int>(m_minutes));
 }
 
-void FrequencyControl::showNextPrompt()
+void FrequencyControl::showNextTime()
 {
-    const auto &next = m_state.nextPromptDate();
-    m_nextAt->setVisible(next.has_value());
-    m_nextTime->setVisible(next.has_value());
-    if (next) {
+    m_nextAt->setVisible(m_next.has_value());
+    m_nextTime->setVisible(m_next.has_value());
+    if (m_next) {
         m_nextTime->setText(
-            IntervalText::hoursAndMinutes(next->toLocalTime().time(), QLocale::system()));
+            IntervalText::hoursAndMinutes(m_next->toLocalTime().time(), QLocale::system()));
     }
+    Accessible::describe(*m_stepper,
+                         m_next ? m_nextAt->text() + u' ' + m_nextTime->text() : QString());
 }

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "settings/IntervalText.h"
+
+#include <QDateTime>
 #include <QLineEdit>
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
-class AppState;
+class Compositor;
 class QLabel;
 class Stepper;
 
@@ -24,9 +28,9 @@ public:
     void commitIfEdited();
 
 protected:
-    void contextMenuEvent(QContextMenuEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void hideEvent(QHideEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
 
 private:
@@ -42,8 +46,16 @@ class FrequencyControl final : public QWidget
     Q_DISABLE_COPY_MOVE(FrequencyControl)
 
 public:
-    /// @p state must outlive the control.
-    explicit FrequencyControl(AppState &state);
+    /// @p compositor must outlive the control.
+    explicit FrequencyControl(const Compositor &compositor);
+
+    void showMinutes(qint64 minutes);
+    /// An instant (UTC), shown in the current time zone; nothing while no prompt is expected.
+    void showNextPrompt(const std::optional<QDateTime> &next);
+
+signals:
+    /// Within the limits of what can be chosen.
+    void minutesChosen(qint64 minutes);
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -51,11 +63,12 @@ protected:
 private:
     void take(const QString &text);
     void step(int direction);
-    void refresh();
+    void set(qint64 minutes);
     void showNumber();
-    void showNextPrompt();
+    void showNextTime();
 
-    AppState &m_state;
+    qint64 m_minutes = IntervalText::minimum;
+    std::optional<QDateTime> m_next;
     NumberField *m_number;
     Stepper *m_stepper;
     QLabel *m_unit;

@@ -6,7 +6,10 @@
 #include <QWidget>
 
 class AppState;
+class FolderControl;
+class FrequencyControl;
 class SoundControl;
+class ThemeControl;
 class QVBoxLayout;
 
 /// The content of the settings window. What is changed in it takes effect at once.
@@ -26,7 +29,15 @@ public:
 private:
     void addRow(const QString &icon, const Tint &tint, const QString &label, const QString &detail,
                 QWidget *control);
+    void connectControls();
+    void refresh();
+    void pickFolder();
+    void takeFolder(const QString &path);
 
+    AppState &m_state;
     QVBoxLayout *m_rows;
+    FolderControl *m_folder;
+    FrequencyControl *m_frequency;
+    ThemeControl *m_theme;
     SoundControl *m_sound;
 };

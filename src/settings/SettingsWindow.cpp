@@ -23,7 +23,7 @@ SettingsWindow::SettingsWindow(AppState &state)
     connect(state.desktop().appearance.get(), &Appearance::changed, this,
             &SettingsWindow::updateLook);
     updateLook();
-    placeOnScreenWithPointer();
+    placeOnScreenWithPointer(*state.desktop().windows);
 }
 
 void SettingsWindow::updateLook()

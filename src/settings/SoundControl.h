@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-class AppState;
+class Compositor;
 class PopUp;
 class QPushButton;
 struct Look;
@@ -15,16 +15,19 @@ class SoundControl final : public QWidget
     Q_DISABLE_COPY_MOVE(SoundControl)
 
 public:
-    /// @p state must outlive the control.
-    explicit SoundControl(AppState &state);
+    /// Offers @p names in their order; @p compositor must outlive the control.
+    SoundControl(const QStringList &names, const Compositor &compositor);
+
+    void showSound(const QString &name);
 
     /// The pop-up list and the symbol do not take their colours from the window by themselves.
     void setLook(const Look &look);
 
-private:
-    void refresh();
+signals:
+    void soundChosen(const QString &name);
+    void previewRequested();
 
-    AppState &m_state;
+private:
     PopUp *m_names;
     QPushButton *m_preview;
 };

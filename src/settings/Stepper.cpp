@@ -4,16 +4,58 @@
 #include "look/Accessible.h"
 #include "look/ControlStyle.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOption>
 #include <QWheelEvent>
+
+#include <algorithm>
 
 namespace
 {
 constexpr int faceMargin = ControlStyle::faceMargin;
 constexpr int stepperWidth = 15;
 constexpr int wheelNotch = 120;
+
+class AccessibleStepper final : public QAccessibleWidget, public QAccessibleValueInterface
+{
+public:
+    explicit AccessibleStepper(Stepper *stepper)
+        : QAccessibleWidget(stepper, QAccessible::SpinBox)
+    {
+    }
+
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface *>(this)
+                                                   : QAccessibleWidget::interface_cast(type);
+    }
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Value ? QString::number(stepper().value())
+                                          : QAccessibleWidget::text(kind);
+    }
+
+    [[nodiscard]] QVariant currentValue() const override { return stepper().value(); }
+    void setCurrentValue(const QVariant &value) override
+    {
+        stepper().request(qRound(value.toDouble()));
+    }
+    [[nodiscard]] QVariant minimumValue() const override { return stepper().range().minimum; }
+    [[nodiscard]] QVariant maximumValue() const override { return stepper().range().maximum; }
+    [[nodiscard]] QVariant minimumStepSize() const override { return stepper().range().step; }
+
+private:
+    [[nodiscard]] Stepper &stepper() const { return *qobject_cast<Stepper *>(widget()); }
+};
+
+QAccessibleInterface *makeAccessible(const QString &, QObject *object)
+{
+    auto *const stepper = qobject_cast<Stepper *>(object);
+    return stepper ? new AccessibleStepper(stepper) : nullptr;
+}
 } // namespace
 
 StepButton::StepButton(Arrow arrow, const QString &name, QWidget *parent)
@@ -45,11 +87,12 @@ void StepButton::paintEvent(QPaintEvent *)
         {tip, QPointF(centre.x() - halfWidth, base), QPointF(centre.x() + halfWidth, base)}));
 }
 
-Stepper::Stepper(std::function<void(int)> stepBy, QWidget *parent)
+Stepper::Stepper(const Range &range, Callbacks callbacks, QWidget *parent)
     : QWidget(parent)
-    , m_stepBy(std::move(stepBy))
+    , m_range(range)
+    , m_callbacks(std::move(callbacks))
 {
-    Accessible::setRole(*this, QAccessible::SpinBox);
+    Accessible::setFactory(*this, makeAccessible);
     setFocusPolicy(Qt::TabFocus);
     setFixedSize(stepperWidth + 2 * faceMargin, ControlStyle::outerHeight);
     const int half = ControlStyle::controlHeight / 2;
@@ -57,16 +100,47 @@ Stepper::Stepper(std::function<void(int)> stepBy, QWidget *parent)
     auto *const down = new StepButton(StepButton::Arrow::Down, tr("Decrease"), this);
     up->setGeometry(faceMargin, faceMargin, stepperWidth, half);
     down->setGeometry(faceMargin, faceMargin + half, stepperWidth, half);
-    connect(up, &QAbstractButton::clicked, this, [this] { m_stepBy(1); });
-    connect(down, &QAbstractButton::clicked, this, [this] { m_stepBy(-1); });
+    connect(up, &QAbstractButton::clicked, this, [this] { stepBy(1); });
+    connect(down, &QAbstractButton::clicked, this, [this] { stepBy(-1); });
+}
+
+void Stepper::setValue(int value)
+{
+    if (value != m_value) {
+        m_value = value;
+        QAccessibleValueChangeEvent event(this, value);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void Stepper::request(int value)
+{
+    const int before = m_value;
+    m_callbacks.set(std::clamp(value, m_range.minimum, m_range.maximum));
+    announceUnlessFocused(before);
+}
+
+void Stepper::stepBy(int direction)
+{
+    const int before = m_value;
+    m_callbacks.stepBy(direction);
+    announceUnlessFocused(before);
+}
+
+void Stepper::announceUnlessFocused(int before)
+{
+    // Screen readers speak the value of what has the focus, and the arrows do not take it.
+    if (m_value != before && !hasFocus()) {
+        Accessible::announce(*window(), QString::number(m_value));
+    }
 }
 
 void Stepper::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Up) {
-        m_stepBy(1);
+        stepBy(1);
     } else if (event->key() == Qt::Key_Down) {
-        m_stepBy(-1);
+        stepBy(-1);
     } else {
         QWidget::keyPressEvent(event);
     }
@@ -80,10 +154,10 @@ void Stepper::wheelEvent(QWheelEvent *event)
     }
     m_wheelRest += event->angleDelta().y();
     for (; m_wheelRest >= wheelNotch; m_wheelRest -= wheelNotch) {
-        m_stepBy(1);
+        stepBy(1);
     }
     for (; m_wheelRest <= -wheelNotch; m_wheelRest += wheelNotch) {
-        m_stepBy(-1);
+        stepBy(-1);
     }
 }
 

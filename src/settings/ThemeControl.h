@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "core/ThemePreference.h"
+
 #include <QButtonGroup>
 #include <QWidget>
-
-class AppState;
 
 /// Whether the windows look as the system does, or always light, or always dark.
 class ThemeControl final : public QWidget
@@ -13,12 +13,14 @@ class ThemeControl final : public QWidget
     Q_DISABLE_COPY_MOVE(ThemeControl)
 
 public:
-    /// @p state must outlive the control.
-    explicit ThemeControl(AppState &state);
+    ThemeControl();
+
+    void showTheme(ThemePreference theme);
+
+signals:
+    void themeChosen(ThemePreference theme);
 
 private:
-    void refresh();
-
-    AppState &m_state;
+    ThemePreference m_theme = ThemePreference::system;
     QButtonGroup m_options;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "updates/ProgressBar.h"
 
+#include "look/Accessible.h"
+
 #include <QPainter>
 
 #include <chrono>
@@ -9,7 +11,7 @@ namespace
 {
 constexpr int barHeight = 6;
 constexpr auto wanderingTime = std::chrono::milliseconds(1600);
-// Of the bar's width, what wanders while nobody knows how long it takes.
+// The part of the bar's width that moves back and forth while the duration is unknown.
 constexpr double wanderingPart = 0.3;
 } // namespace
 
@@ -29,8 +31,17 @@ ProgressBar::ProgressBar(bool isStill, QWidget *parent)
 
 void ProgressBar::setPercentage(std::optional<int> percentage)
 {
-    setRange(0, percentage ? 100 : 0);
-    setValue(percentage.value_or(0));
+    constexpr int heardStep = 10;
+    const int before = value();
+    const auto show = [&] {
+        setRange(0, percentage ? 100 : 0);
+        setValue(percentage.value_or(0));
+    };
+    if (percentage && maximum() > 0 && *percentage / heardStep == before / heardStep) {
+        Accessible::quietly(show);
+    } else {
+        show();
+    }
     moveOrRest();
 }
 

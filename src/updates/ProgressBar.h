@@ -6,17 +6,18 @@
 
 #include <optional>
 
-/// A thin bar in the accent colour that shows how far something is, or only that it goes on.
+/// A thin bar in the accent colour that shows progress, or only activity while the progress is
+/// unknown.
 class ProgressBar final : public QProgressBar
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(ProgressBar)
 
 public:
-    /// @p isStill: what goes on for an unknown time is not animated.
+    /// With @p isStill, unknown progress is not animated.
     ProgressBar(bool isStill, QWidget *parent);
 
-    /// 0 to 100; nothing while that cannot be told.
+    /// 0 to 100; nullopt while unknown. Screen readers are told every ten per cent.
     void setPercentage(std::optional<int> percentage);
 
 protected:

@@ -3,9 +3,6 @@
 
 #include "look/Accessible.h"
 #include "look/Fonts.h"
-#include "look/TextMenu.h"
-
-#include <QContextMenuEvent>
 
 namespace
 {
@@ -19,16 +16,11 @@ TextBox::TextBox(const QString &name, QWidget *parent)
     setAccessibleName(name);
     Accessible::hide(*viewport());
     setReadOnly(true);
-    // With the keyboard too.
+    // Allows selection with the keyboard, too.
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setTabChangesFocus(true);
     setFrameShape(QFrame::NoFrame);
     setFont(systemFont(FontSizes::subheadline));
     document()->setDocumentMargin(boxMargin);
     setFixedHeight(boxHeight);
-}
-
-void TextBox::contextMenuEvent(QContextMenuEvent *event)
-{
-    TextMenu::popUp(*this, event->globalPos());
 }

@@ -3,17 +3,14 @@
 
 #include <QPlainTextEdit>
 
-/// Long text that can be read and copied, but not changed. What it shows comes from others, so it
-/// is always plain.
+/// Long text that can be read and copied, but not changed. It is always shown as plain text,
+/// because it comes from outside the program.
 class TextBox final : public QPlainTextEdit
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(TextBox)
 
 public:
-    /// @p name is what a screen reader calls it.
+    /// @p name is the accessible name.
     TextBox(const QString &name, QWidget *parent);
-
-protected:
-    void contextMenuEvent(QContextMenuEvent *event) override;
 };

@@ -16,7 +16,7 @@ class Texts
 
 const QString programName = QStringLiteral("Tovla");
 
-/// Names and versions have no length that would be too long for a package manager.
+/// Package managers do not limit the length of names and versions.
 QString cut(const QString &word)
 {
     constexpr qsizetype longest = 40;
@@ -54,7 +54,7 @@ UpdatePage upToDate(const UpdateState &state)
             .primary = okButton()};
 }
 
-/// As many names as leave the window smaller than any screen.
+/// Lists only as many names as fit in the window on any screen.
 QString listed(const QStringList &names)
 {
     constexpr qsizetype longest = 240;

@@ -5,7 +5,7 @@
 
 #include <QLocale>
 
-/// What the update window shows in one state: texts, a bar, buttons. Texts are plain.
+/// What the update window shows in one state: texts, a bar and buttons. All texts are plain text.
 struct UpdatePage {
     enum class Action { none, close, cancel, install, restart };
     struct Button {
@@ -14,7 +14,7 @@ struct UpdatePage {
 
         bool operator==(const Button &) const = default;
     };
-    /// The program that runs: the version that it is, and its file.
+    /// The running program: its version and its file.
     struct Program {
         QString version;
         QString path;
@@ -22,17 +22,17 @@ struct UpdatePage {
 
     QString headline{};
     QString text{};
-    /// What went wrong with the last try, or what else is to be thought of before the next.
+    /// What went wrong with the last attempt, or what to consider before the next.
     QString remark{};
     QString releaseNotes{};
-    /// What the user sees only on request.
+    /// Shown only on request.
     QString details{};
     bool hasBar = false;
-    /// Of the bar, 0 to 100; nothing where it cannot be told.
+    /// The bar's progress, 0 to 100; nullopt while unknown.
     std::optional<int> percentage{};
-    /// What Return does.
+    /// Triggered by Return.
     Button primary{};
-    /// What Escape does, where it is there.
+    /// If present, triggered by Escape.
     Button secondary{};
     bool canCancel = false;
 

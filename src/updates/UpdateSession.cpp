@@ -11,7 +11,7 @@ using Failure = UpdateState::Failure;
 using Trouble = PackageManager::Failure;
 using Step = PackageManager::Progress::Step;
 
-/// Why newer versions could not be looked for.
+/// Why the check for newer versions failed.
 Failure retrievalFailure(Trouble trouble)
 {
     switch (trouble) {
@@ -26,7 +26,7 @@ Failure retrievalFailure(Trouble trouble)
     }
 }
 
-/// Why a newer version could not be installed.
+/// Why the installation failed.
 Failure installationFailure(Trouble trouble)
 {
     switch (trouble) {
@@ -42,7 +42,7 @@ Failure installationFailure(Trouble trouble)
     }
 }
 
-/// As a size that can be counted with; what a package manager tells has no bounds.
+/// Limits a size reported by the package manager to the range of a signed integer.
 qint64 countable(quint64 size)
 {
     constexpr auto largest = quint64{std::numeric_limits<qint64>::max()};
@@ -112,7 +112,7 @@ void UpdateSession::takeOwnPackage(const Outcome &outcome, const std::optional<P
 
 void UpdateSession::takeRefresh(const Outcome &outcome)
 {
-    // Another source of the machine may be the one that failed; ours may have been refreshed.
+    // Even after a failure: another source may have failed while ours was refreshed.
     m_refresh = outcome;
     showProgress({});
     m_packages.findNewerVersion(m_own, then(&UpdateSession::takeNewerVersion));
@@ -127,7 +127,7 @@ void UpdateSession::takeNewerVersion(const Outcome &outcome, const std::optional
     } else if (!m_refresh.succeeded()) {
         failToRetrieve(m_refresh);
     } else {
-        // Asked only now: before its first refresh a machine knows no source of any package.
+        // Asked only now: before the first refresh, the system knows no sources of packages.
         showProgress({});
         m_packages.findInstalled(m_own, then(&UpdateSession::explainNoUpdate));
     }
@@ -139,7 +139,7 @@ void UpdateSession::takeUpdate(const Package &update)
         fail(Failure::notRetrieved,
              QStringLiteral("%1 is held back by the package manager.").arg(update.id));
     } else if (!m_own.source.isEmpty() && m_own.source != update.source) {
-        // Somebody else's package of our name, however trusted.
+        // A package of the same name from another source, however trusted.
         fail(Failure::noSource,
              QStringLiteral("%1, but this version came from %2.").arg(update.id, m_own.source));
     } else {
@@ -221,7 +221,7 @@ void UpdateSession::takeInstallation(const Outcome &outcome)
         m_offer.wasNotAuthorised = true;
         offer();
     } else if (outcome.succeeded()) {
-        // To a package manager it may be a success to have done nothing.
+        // A package manager may report success even if it did nothing.
         showProgress({});
         m_packages.findInstalled(m_own, then(&UpdateSession::verifyInstallation));
     } else {
@@ -246,7 +246,7 @@ void UpdateSession::cancel()
     }
     m_packages.cancel();
     if (m_canGiveUp) {
-        // Nothing hangs on how this ends; whatever it still says is not listened to.
+        // The outcome no longer matters, so further answers are ignored.
         m_packages.forget();
         set({});
     }

@@ -4,33 +4,33 @@
 #include "platform/PackageManager.h"
 #include "updates/UpdateState.h"
 
-/// The way to a newer version of this program, and what may happen on it, whatever the package
-/// manager: whose package it has to be, which source it may come from, what is shown before it is
-/// installed, what may be cancelled and how it ends. Nothing here ever waits.
+/// The logic of updating this program, independent of the package manager: which package and
+/// source to accept, what to show before the installation, what can be cancelled, and the outcome.
+/// Never blocks.
 class UpdateSession final : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(UpdateSession)
 
 public:
-    /// @p programPath is the program's own file as it was started, @p version the one that runs.
-    /// Asks @p packages nothing before the first check; they must outlive this.
+    /// @p programPath is the file of the running program, @p version its version. @p packages is
+    /// not used before the first check and must outlive this object.
     UpdateSession(PackageManager &packages, QString programPath, QString version);
     ~UpdateSession() override;
 
     [[nodiscard]] const UpdateState &state() const { return m_state; }
 
-    /// Asks the sources of the system for a newer version; does nothing while something is under
-    /// way.
+    /// Checks the system's software sources for a newer version. Does nothing while an operation is
+    /// in progress.
     void check();
-    /// Installs the version that is available. Other packages that would change too are shown in
-    /// the state first; then this has to be asked for once more.
+    /// Installs the available version. If other packages would change too, they are added to the
+    /// state instead, and this must be called a second time.
     void install();
-    /// Gives up what is under way, where the state says that this is possible.
+    /// Cancels the operation in progress, if the state allows it.
     void cancel();
 
 signals:
-    /// state() is different now.
+    /// state() has changed.
     void changed();
 
 private:
@@ -48,7 +48,8 @@ private:
     void takeInstallation(const Outcome &outcome);
     void verifyInstallation(const Outcome &outcome, const std::optional<Package> &own);
 
-    /// What passes an answer on to @p next, unless the operation was cancelled or cut off.
+    /// A callback that passes an answer on to @p next, unless the operation was cancelled or the
+    /// service is gone.
     template <typename... Answer>
     std::function<void(const Outcome &, const Answer &...)>
     then(void (UpdateSession::*next)(const Outcome &, const Answer &...));
@@ -66,9 +67,9 @@ private:
     QString m_programPath;
     QString m_version;
     UpdateState m_state;
-    /// What the operation that is under way is for: checking, or installing.
+    /// The purpose of the operation in progress: checking or installing.
     UpdateState::Stage m_errand = UpdateState::Stage::idle;
-    /// Whether it changes nothing, so that it can be left to itself at any time.
+    /// Whether the operation changes nothing, so that it can be abandoned at any time.
     bool m_canGiveUp = false;
     Package m_own;
     Package m_update;

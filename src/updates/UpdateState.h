@@ -6,12 +6,12 @@
 
 #include <optional>
 
-/// How far a check for a newer version has come. Everything in it is data from the system's
-/// software management: texts are plain and have been cut to a length that can be shown.
+/// The state of an update. Its data comes from the system's package manager: texts are plain text,
+/// already shortened to a length that can be shown.
 struct UpdateState {
     enum class Stage {
         idle,
-        // Under way:
+        // In progress:
         checking,
         waitingForOthers,
         waitingForAuthorisation,
@@ -19,27 +19,27 @@ struct UpdateState {
         installing,
         // Waiting for the user:
         available,
-        // At the end:
+        // Finished:
         upToDate,
         updated,
-        /// Somebody else has installed another version than the one that runs.
+        /// A version other than the running one has been installed by other means.
         replaced,
         failed,
     };
     enum class Failure {
         none,
-        /// The program does not come from the system's package manager.
+        /// The program was not installed by the system's package manager.
         notManaged,
-        /// The system follows no source in which newer versions would be found.
+        /// The system has no software source that provides newer versions.
         noSource,
         /// There is no update service, or it went away or does not answer.
         noService,
         offline,
-        /// What newer versions there are could not be found out.
+        /// The list of newer versions could not be retrieved.
         notRetrieved,
-        /// What newer versions there are was not signed as it must be.
+        /// The list of newer versions is not signed as required.
         improperlySigned,
-        /// The new version could not be had, or is not what was announced.
+        /// The new version could not be downloaded, or does not match the list.
         notDownloaded,
         /// Other software is being installed.
         busy,
@@ -48,18 +48,18 @@ struct UpdateState {
 
     Stage stage = Stage::idle;
     Failure failure = Failure::none;
-    /// What the engine says about the failure, for those who can mend it.
+    /// The package manager's message about the failure, for those who can fix it.
     QString details{};
-    /// Of the version that @c stage is about: the newer one, or the one that is installed.
+    /// The version that @c stage refers to: the newer one or the installed one.
     QString version{};
     QString releaseNotes{};
-    /// Names of other packages that would change with ours.
+    /// Names of other packages that would change along with ours.
     QStringList otherPackages{};
-    /// The user was asked for a password, and it came to nothing.
+    /// The user was asked for authorisation and did not give it.
     bool wasNotAuthorised = false;
-    /// Of the step under way, 0 to 100; nothing while that cannot be told.
+    /// Progress of the current step, 0 to 100; nullopt while unknown.
     std::optional<int> percentage{};
-    /// Of the download, in bytes; 0 while that cannot be told.
+    /// In bytes; 0 while unknown.
     qint64 downloadedSize = 0;
     qint64 downloadSize = 0;
     bool canCancel = false;

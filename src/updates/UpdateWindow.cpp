@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "updates/UpdateWindow.h"
 
+#include "look/Accessible.h"
 #include "look/ApplicationIcon.h"
 #include "look/ControlStyle.h"
 #include "look/Fonts.h"
 #include "look/Labels.h"
 #include "look/Look.h"
 #include "look/OverhangItem.h"
+#include "look/TextMenu.h"
 #include "platform/Desktop.h"
 #include "updates/ProgressBar.h"
 #include "updates/TextBox.h"
 #include "updates/UpdateSession.h"
 
-#include <QAccessible>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -31,7 +32,7 @@ constexpr int padding = 24;
 constexpr int spacing = 8;
 constexpr int buttonSpacing = 12;
 
-/// A button that Return presses when it has the focus, as everybody expects of a dialogue.
+/// A button that Return presses while it has focus, as users expect in a dialog.
 class DialogButton final : public QPushButton
 {
 public:
@@ -55,7 +56,8 @@ void showButton(QPushButton &button, const UpdatePage::Button &contents)
 } // namespace
 
 UpdateWindow::UpdateWindow(const Desktop &desktop, UpdateSession &session)
-    : PanelWindow(tr("Software Update"), QAccessible::Dialog)
+    : PanelWindow(tr("Software Update"),
+                  QAccessible::Window) // of a dialog, screen readers would read all texts
     , m_desktop(desktop)
     , m_session(session)
     , m_column(new QVBoxLayout)
@@ -71,11 +73,13 @@ UpdateWindow::UpdateWindow(const Desktop &desktop, UpdateSession &session)
     , m_primary(new DialogButton(this))
 {
     layOut();
+    TextMenu::serve(*m_notes, *desktop.compositor);
+    TextMenu::serve(*m_details, *desktop.compositor);
     connect(&m_session, &UpdateSession::changed, this, &UpdateWindow::refresh);
     connect(desktop.appearance.get(), &Appearance::changed, this, &UpdateWindow::updateLook);
     updateLook();
     refresh();
-    placeOnScreenWithPointer();
+    placeOnScreenWithPointer(*desktop.windows);
 }
 
 QLabel *UpdateWindow::addText(int fontSize, QPalette::ColorRole role)
@@ -156,7 +160,10 @@ void UpdateWindow::showPage(const UpdatePage &page)
     const bool isAnotherPage = page.headline != m_page.headline || page.primary != m_page.primary;
     m_page = page;
     const auto showText = [](QLabel *label, const QString &text) {
-        label->setText(text);
+        // Each event counts: a screen reader drops what it is told in a flood.
+        if (label->text() != text) {
+            label->setText(text);
+        }
         label->setVisible(!text.isEmpty());
     };
     showText(m_headline, page.headline);
@@ -164,21 +171,22 @@ void UpdateWindow::showPage(const UpdatePage &page)
     showText(m_remark, page.remark);
     m_bar->setVisible(page.hasBar);
     m_bar->setPercentage(page.percentage);
-    m_bar->setAccessibleName(page.headline);
+    if (m_bar->accessibleName() != page.headline) {
+        m_bar->setAccessibleName(page.headline);
+    }
     m_notesTitle->setVisible(!page.releaseNotes.isEmpty());
     m_notes->setVisible(!page.releaseNotes.isEmpty());
     m_detailsButton->setVisible(!page.details.isEmpty());
     showButton(*m_primary, page.primary);
     showButton(*m_secondary, page.secondary);
     m_secondary->setEnabled(page.secondary.action != Action::cancel || page.canCancel);
-    m_headline->setAccessibleDescription(page.text);
+    Accessible::describe(*m_headline, page.text);
     if (isAnotherPage) {
         m_notes->setPlainText(page.releaseNotes);
         m_details->setPlainText(page.details);
         m_details->hide();
-        keepPlace();
         (m_primary->isVisibleTo(this) ? m_primary : m_secondary)->setFocus();
-        tellScreenReader();
+        announcePage();
     }
 }
 
@@ -203,15 +211,43 @@ void UpdateWindow::perform(Action action)
     }
 }
 
-void UpdateWindow::tellScreenReader()
+void UpdateWindow::announcePage()
 {
-    QAccessibleEvent event(m_headline, QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
+    if (!isActiveWindow()) {
+        m_isAnnounced = false;
+        return;
+    }
+    m_isAnnounced = true;
+    QString heard = m_page.headline;
+    // How far a download is, the bar tells.
+    if (!m_page.hasBar) {
+        heard += (heard.back().isLetterOrNumber() ? QStringLiteral(". ") : QStringLiteral(" "))
+            + m_page.text;
+    }
+    if (!m_page.remark.isEmpty()) {
+        heard += u' ' + m_page.remark;
+    }
+    Accessible::announce(*this, heard);
+}
+
+bool UpdateWindow::event(QEvent *event)
+{
+    const bool isHandled = PanelWindow::event(event);
+    if (event->type() == QEvent::WindowActivate && !m_isAnnounced) {
+        announcePage();
+    }
+    return isHandled;
+}
+
+void UpdateWindow::hideEvent(QHideEvent *event)
+{
+    m_isAnnounced = false;
+    PanelWindow::hideEvent(event);
 }
 
 void UpdateWindow::closeEvent(QCloseEvent *event)
 {
-    // What cannot be stopped goes on, and the menu's item brings it back to sight.
+    // An operation that cannot be cancelled continues; the menu item shows the window again.
     m_session.cancel();
     QWidget::closeEvent(event);
 }

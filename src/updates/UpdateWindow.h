@@ -14,8 +14,8 @@ class QVBoxLayout;
 class TextBox;
 class UpdateSession;
 
-/// The one window in which updates are looked for, offered and installed. It shows the page of the
-/// state that they are in and decides nothing.
+/// The window for checking for, offering and installing updates. It shows the page for the
+/// session's state and contains no logic of its own.
 class UpdateWindow final : public PanelWindow
 {
     Q_OBJECT
@@ -26,12 +26,14 @@ public:
     UpdateWindow(const Desktop &desktop, UpdateSession &session);
 
 signals:
-    /// The user wants the program to start again.
+    /// The user wants to restart the program.
     void restartRequested();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    bool event(QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
 
 private:
     void layOut();
@@ -41,11 +43,13 @@ private:
     void refresh();
     void showPage(const UpdatePage &page);
     void perform(UpdatePage::Action action);
-    void tellScreenReader();
+    void announcePage();
 
     const Desktop &m_desktop;
     UpdateSession &m_session;
     UpdatePage m_page;
+    /// A screen reader has been told of the page.
+    bool m_isAnnounced = false;
     QVBoxLayout *m_column;
     QLabel *m_headline;
     QLabel *m_text;

@@ -54,7 +54,7 @@ void UpdaterController::showOutcome()
 {
     const UpdateState &state = m_session->state();
     const bool hasEnded = std::exchange(m_isUnderWay, state.isUnderWay()) && !m_isUnderWay;
-    // Of an installation whose window was closed meanwhile.
+    // The window was closed during the operation.
     if (hasEnded && state.stage != UpdateState::Stage::idle && !m_window->isVisible()) {
         m_state().desktop().windows->present(*m_window);
     }
@@ -66,7 +66,7 @@ void UpdaterController::restart()
         m_state().desktop().alerts->warn(
             tr("Update Installed"), tr("The new version will be available next time."), nullptr);
     } else if (QWidget *const prompt = m_state().openPrompt()) {
-        // A note that is being written is finished first, in whatever way.
+        // Waits until the note being written is saved or discarded.
         prompt->installEventFilter(this);
     } else {
         m_state().desktop().program->restart();
@@ -76,7 +76,7 @@ void UpdaterController::restart()
 bool UpdaterController::eventFilter(QObject *, QEvent *event)
 {
     if (event->type() == QEvent::Hide && !event->spontaneous()) {
-        // By then another prompt may have come.
+        // Checks again: another prompt may have opened by then.
         QMetaObject::invokeMethod(this, &UpdaterController::restart, Qt::QueuedConnection);
     }
     return false;

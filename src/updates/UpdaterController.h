@@ -10,19 +10,19 @@ class UpdateSession;
 class UpdateWindow;
 struct Desktop;
 
-/// Looks for a newer version when the user asks for it, and shows what comes of it in one window.
+/// Checks for a newer version at the user's request and shows the result in a window.
 class UpdaterController final : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(UpdaterController)
 
 public:
-    /// Costs nothing and touches nothing: @p state is called at the first check.
+    /// Does nothing yet: @p state is not called before the first check.
     explicit UpdaterController(AppState &(*state)());
     ~UpdaterController() override;
 
-    /// Starts a check of the user's own; while one is under way, or its outcome waits for an
-    /// answer, only brings the window to the front.
+    /// Starts a check. While one is in progress, or an available update waits for an answer, only
+    /// brings the window to the front.
     void checkForUpdates();
     /// Null before the first check.
     [[nodiscard]] UpdateWindow *window() const { return m_window.get(); }

@@ -12,7 +12,7 @@ namespace Synthesis
 namespace
 {
 
-// Sorts the values by the mirrored bits of their positions, as the passes below expect.
+// Reorders the values by the reversed bits of their positions, as the passes below expect.
 void mirrorPositions(Spectrum &values)
 {
     std::size_t mirrored = 0;
@@ -51,7 +51,7 @@ void transform(Spectrum &values)
     }
 }
 
-// By Parseval's theorem, up to the factor both sides of the quotient below share.
+// By Parseval's theorem, up to a factor that cancels out in the quotient below.
 double energy(const Spectrum &spectrum)
 {
     double sum = 0.0;
@@ -76,7 +76,7 @@ double highestCorrelation(const Spectrum &first, const Spectrum &second)
     Spectrum product(first.size());
     std::transform(first.begin(), first.end(), second.begin(), product.begin(),
                    [](const auto &left, const auto &right) { return left * std::conj(right); });
-    // A forward transform differs from a backward one only in the order of its values.
+    // Forward and inverse transforms differ only in the order of their values.
     transform(product);
     double highest = 0.0;
     for (const auto &value : product) {

@@ -13,9 +13,9 @@ namespace Synthesis
 using Spectrum = std::vector<std::complex<double>>;
 Spectrum spectrumOf(const Samples &samples, std::size_t size);
 
-// The highest absolute cross-correlation of two sounds over all shifts, divided by the root of the
-// product of their energies: 1 for equal shapes, 0 for unrelated ones. Both spectra must be padded
-// to at least the sum of the two lengths.
+// The highest absolute cross-correlation of two sounds over all shifts, divided by the square root
+// of the product of their energies: 1 for equal shapes, 0 for unrelated ones. Both spectra must be
+// padded to at least the sum of the two lengths.
 double highestCorrelation(const Spectrum &first, const Spectrum &second);
 
 } // namespace Synthesis

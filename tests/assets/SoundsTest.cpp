@@ -20,7 +20,7 @@ namespace
 {
 constexpr std::size_t headerSize = 44;
 
-/// What is checked is what is stored: the samples are read back from the bytes of the file.
+/// Checks what is stored: the samples are read back from the file's bytes.
 struct StoredSound {
     QString name;
     Bytes file;
@@ -82,7 +82,7 @@ class SoundsTest : public QObject
 
     std::vector<StoredSound> m_sounds;
 
-    /// One row a sound, its index as the datum.
+    /// One row per sound, with its index as the data.
     void addRows() const
     {
         QTest::addColumn<std::size_t>("index");
@@ -95,7 +95,7 @@ class SoundsTest : public QObject
         QFETCH(const std::size_t, index);
         return m_sounds[index];
     }
-    /// The difference between the highest and the lowest measure of all sounds, in decibels.
+    /// The difference between the highest and the lowest measure of all the sounds, in decibels.
     [[nodiscard]] double spread(double (*measure)(const Samples &)) const
     {
         std::vector<double> values;

@@ -18,7 +18,7 @@ private slots:
     void interval_isMinutesInSeconds()
     {
         QCOMPARE(PromptSchedule::interval(60), std::optional(3600s));
-        // More milliseconds than 32 bits hold.
+        // More milliseconds than fit in 32 bits.
         QCOMPARE(PromptSchedule::interval(100000), std::optional(6000000s));
     }
 

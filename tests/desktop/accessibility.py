@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The program's windows as a screen reader finds them."""
+"""The program's windows as a screen reader sees them."""
 import gi
 
 gi.require_version("Atspi", "2.0")
@@ -18,7 +18,7 @@ def nodes(root, found=None):
 
 
 def windows():
-    """Every window of the program."""
+    """All windows of the program."""
     root = Atspi.get_desktop(0)
     for index in range(root.get_child_count()):
         application = root.get_child_at_index(index)
@@ -29,7 +29,7 @@ def windows():
 
 
 def find(name, role=None, fits=lambda node: True):
-    """Waits for what has this accessible name, this role if one is given, and fits."""
+    """Waits for a node with this accessible name and, if given, this role, for which fits holds."""
     def search():
         try:
             for window in windows():
@@ -38,14 +38,14 @@ def find(name, role=None, fits=lambda node: True):
                             and fits(node)):
                         return node
         except GLib.Error:
-            pass  # it went away while we were looking
+            pass  # it disappeared during the search
         return None
 
     return wait_for(search, f"{name!r} in the accessibility tree")
 
 
 def press(name):
-    """Does what a screen reader's user does to a button that is shown."""
+    """Presses a visible button as a screen reader's user would."""
     find(name, fits=is_pressable).get_action_iface().do_action(0)
 
 
@@ -54,18 +54,29 @@ def is_pressable(node):
 
 
 def text_of(node):
-    # Called through the interface, as newer bindings bind methods of that name to something else.
+    # Called through the interface: in newer bindings, methods of this name mean something else.
     text = node.get_text_iface()
     return Atspi.Text.get_text(text, 0, Atspi.Text.get_character_count(text))
 
 
+def width_of(node):
+    """Of its text, which is on one line, in pixels."""
+    text = node.get_text_iface()
+    count = Atspi.Text.get_character_count(text)
+    if count == 0:
+        return 0
+    first, last = (Atspi.Text.get_character_extents(text, offset, Atspi.CoordType.SCREEN)
+                   for offset in (0, count - 1))
+    return last.x + last.width - first.x
+
+
 def focused_name():
-    """Of what has the keyboard's focus in the program."""
+    """The name of the node that has keyboard focus in the program."""
     try:
         return next((node.get_name() for window in windows() for node in nodes(window)
                      if is_focused(node) and node.get_name()), None)
     except GLib.Error:
-        return None  # it went away while we were looking
+        return None  # it disappeared during the search
 
 
 def is_focused(node):

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What the tests that drive the real program have in common."""
+"""Shared code of the tests that drive the real program."""
 import os
 import re
 import subprocess
@@ -10,12 +10,12 @@ from desktop import Desktop, output, search_windows, visible_windows, wait_for
 
 QUESTION = "What would you like to note about this moment?"
 SETTINGS = "Tovla Settings"
-# The background of the settings in the two looks.
+# The background of the settings in the two appearances.
 LIGHT, DARK = "#ECECEC", "#323232"
 
 
 class DesktopCase(unittest.TestCase):
-    """One desktop for all tests of a file: the accessibility tree is found only once a process."""
+    """One desktop for all tests in a file: a process can look up the accessibility tree only once."""
 
     desktop_options = {}
 
@@ -44,13 +44,13 @@ class DesktopCase(unittest.TestCase):
         return self.tovla
 
     def open_menu(self, x=0, y=0):
-        """Opens the menu that Tovla draws itself; popups are not in the accessibility tree."""
+        """Opens the menu drawn by Tovla. Popups are not in the accessibility tree."""
         before = len(visible_titles())
         self.item.left_click(x, y)
         wait_for(lambda: len(visible_titles()) > before, "the menu")
 
     def open_prompt(self):
-        """Opens a prompt from the tray and waits until it has the keyboard."""
+        """Opens a prompt from the tray and waits until it has keyboard focus."""
         import accessibility
         self.item.click("Write now")
         editor = accessibility.find(QUESTION)
@@ -63,8 +63,14 @@ class DesktopCase(unittest.TestCase):
         self.item.click("Settings…")
         wait_for(lambda: active_window_title() == SETTINGS, "the settings to be active")
 
+    def focus_number(self):
+        import accessibility
+        field = accessibility.find("Prompt Frequency", accessibility.Atspi.Role.TEXT)
+        field.get_component_iface().grab_focus()
+        wait_for(lambda: accessibility.is_focused(field), "the focus in the number field")
+
     def choose_folder(self):
-        """Chooses the journal's folder in the settings that a first launch has opened."""
+        """Chooses the journal folder in the settings that the first launch opened."""
         import accessibility
         self.desktop.journal().mkdir()
         wait_for(lambda: active_window_title() == SETTINGS, "the settings to be active")
@@ -78,7 +84,7 @@ class DesktopCase(unittest.TestCase):
                  in self.desktop.preferences_file().read_text(), "the folder in the preferences")
 
     def wait_for_settings_background(self, color):
-        """Looks beside the rows; @p color as in "#ECECEC"."""
+        """Checks a point next to the rows. @p color is, for example, "#ECECEC"."""
         def background():
             x, y, _, _ = geometry_of(SETTINGS)
             return color_at(x + 12, y + 60)
@@ -130,13 +136,13 @@ def click(x, y, button=1):
 
 
 def color_at(x, y):
-    """The colour on the screen, as in "#ECECEC"."""
+    """The colour at this point of the screen, for example "#ECECEC"."""
     picture = output("import", "-window", "root", "-crop", f"1x1+{x}+{y}", "txt:-")
     return re.search(r"#[0-9A-F]{6}", picture)[0]
 
 
 def geometry_of(title):
-    """x, y, width and height on the screen of the visible window of that title."""
+    """x, y, width and height on the screen of the visible window with that title."""
     return geometry(wait_for(lambda: visible_windows(title), f"the window {title!r}")[0])
 
 
@@ -148,13 +154,13 @@ def geometry(window):
 
 
 def shadow_of(title):
-    """Left, right, above, below, as the window announces it."""
+    """The shadow's width left, right, above and below, as announced by the window."""
     extents = output("xprop", "-name", title, "_GTK_FRAME_EXTENTS").split("=")[1]
     return tuple(int(part) for part in extents.split(","))
 
 
 def frame_of(title):
-    """What the user takes for the card: the window without its shadow, in pixels of the screen."""
+    """The card as the user sees it: the window without its shadow, in screen pixels."""
     x, y, width, height = geometry_of(title)
     left, right, above, below = shadow_of(title)
     return x + left, y + above, width - left - right, height - above - below

@@ -15,7 +15,7 @@ class SilentClipboard:
         self.asked = 0
 
     def questions(self):
-        """How often somebody has wanted to have what it holds."""
+        """How often somebody has asked for the content."""
         while self.display.pending_events():
             if self.display.next_event().type == X.SelectionRequest:
                 self.asked += 1

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""A desktop of its own for one test: display, window manager, session bus, tray host and home.
+"""A private desktop for one test: display, window manager, session bus, tray host and home.
 
-Make a Desktop before anything else touches the session bus or the accessibility tree: both are
-found through the environment, which the Desktop sets for this process and all that it starts.
+Create a Desktop before anything else uses the session bus or the accessibility tree: both are
+found through the environment, which the Desktop sets for this process and all its children.
 """
 import os
 import re
@@ -35,7 +35,7 @@ class Desktop:
         self._set_environment(scale)
         _, os.environ["DISPLAY"] = self.start_display(size)
         _, os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.start_bus()
-        # Another one than openbox can be tried by hand: TOVLA_TEST_WINDOW_MANAGER="xfwm4".
+        # To try another window manager: TOVLA_TEST_WINDOW_MANAGER="xfwm4".
         command = window_manager or os.environ.get("TOVLA_TEST_WINDOW_MANAGER", "openbox")
         self.start(*command.split())
         wait_for(is_managed, "the window manager")
@@ -52,7 +52,7 @@ class Desktop:
         runtime.mkdir(mode=0o700)
         font_folder = self.home / ".config" / "fontconfig"
         font_folder.mkdir(parents=True)
-        # Pictures are compared from machine to machine, so they are all made with one font.
+        # Screenshots from different machines are compared, so all use the same font.
         (font_folder / "fonts.conf").write_text(
             '<?xml version="1.0"?><!DOCTYPE fontconfig SYSTEM "fonts.dtd"><fontconfig>'
             '<match target="pattern"><edit name="family" mode="prepend" binding="strong">'
@@ -86,7 +86,7 @@ class Desktop:
         return process
 
     def start_compositor(self):
-        # None where the window manager is one: TOVLA_TEST_COMPOSITOR="".
+        # Not needed if the window manager is a compositor itself: TOVLA_TEST_COMPOSITOR="".
         command = os.environ.get("TOVLA_TEST_COMPOSITOR", "picom --backend xrender --config "
                                  "/dev/null --no-fading-openclose").split()
         self.compositor = self.start(*command) if command else None
@@ -119,7 +119,7 @@ class Desktop:
         return Tovla(program, self)
 
     def forget_user(self):
-        """A user who has never run the program."""
+        """Removes the preferences and the journal, as if the program had never run."""
         for folder in (self.preferences_file().parent, self.journal()):
             shutil.rmtree(folder, ignore_errors=True)
 
@@ -129,6 +129,9 @@ class Desktop:
                 os.killpg(process.pid, signal.SIGKILL)
             process.wait()
         self.tovlas.clear()
+        # The window manager may take a window of theirs for the active one a little longer.
+        wait_for(lambda: not search_windows("--onlyvisible", "--class", "^tovla$"),
+                 "their windows to go")
 
     def set_wallpaper(self, *colors):
         colors = colors or ("#8fb9dc", "#d9c6ea", "#f3d3b6")
@@ -137,7 +140,7 @@ class Desktop:
                        stdout=subprocess.DEVNULL)
 
     def wait_until_still(self):
-        """Until the screen shows the same twice, which a blinking caret allows now and then."""
+        """Waits for two identical screenshots in a row. A blinking caret allows that now and then."""
         before = None
 
         def is_still():
@@ -179,8 +182,8 @@ class Tovla:
         return self.process.returncode
 
     def complaints(self):
-        """What it wrote to stderr until its end, but for what Qt says that it has not got of the
-        newest AT-SPI."""
+        """Everything it wrote to stderr, except Qt's messages about parts of the newest AT-SPI that
+        it does not implement."""
         return "".join(line for line in self.process.stderr
                        if "AtSpiAdaptor" not in line or "does not implement" not in line)
 
@@ -188,7 +191,7 @@ class Tovla:
         return wait_for(lambda: self.desktop.tray.item_of(self.process.pid), "the tray item")
 
     def act_when_ready(self, action):
-        """The one that ran before may still have the name for a moment."""
+        """Waits first: the previous copy may still own the name for a moment."""
         wait_for(lambda: output("gdbus", "call", "--session", "--dest", "org.freedesktop.DBus",
                                 "--object-path", "/", "--method",
                                 "org.freedesktop.DBus.GetConnectionUnixProcessID",
@@ -197,7 +200,7 @@ class Tovla:
         self.act(action)
 
     def act(self, action):
-        """Asks through the bus, as a launcher's action does, while our tray host goes on serving."""
+        """Activates an action over the bus, like a launcher, while our tray host keeps running."""
         asking = subprocess.Popen(["gdbus", "call", "--session", "--dest", "org.tovla.Tovla",
                                    "--object-path", "/org/tovla/Tovla", "--method",
                                    "org.freedesktop.Application.ActivateAction", action, "[]",
@@ -213,13 +216,13 @@ def output(*command):
 
 
 def is_managed():
-    """Window managers announce themselves early, but tell of windows only once they manage them;
-    xfwm4 lists them only once there is one."""
+    """Window managers announce themselves early, but set these properties only once they manage
+    windows; xfwm4 sets the list only once there is a window."""
     return "window id" in output("xprop", "-root", "_NET_CLIENT_LIST", "_NET_ACTIVE_WINDOW")
 
 
 def wait_for(condition, what, patience=PATIENCE_SECONDS):
-    """Runs the bus and asks again until the condition holds; returns what it returned."""
+    """Serves the bus until the condition holds, and returns the condition's result."""
     from gi.repository import GLib
     context = GLib.MainContext.default()
     deadline = time.monotonic() + patience
@@ -240,7 +243,7 @@ def visible_windows(title):
 
 
 def search_windows(*criteria):
-    """Asks again when a window went away during the search, which xdotool does not survive."""
+    """Searches again if a window disappears during the search, which makes xdotool fail."""
     while True:
         search = subprocess.run(["xdotool", "search", *criteria], capture_output=True, text=True)
         if "X Error" not in search.stderr:

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""An input method as the toolkit's IBus plug-in talks to it through its portal: it sees each key
-before the program does, and where the caret is."""
+"""An input method, used by the toolkit's IBus plug-in through the IBus portal. It gets each key
+before the program does, and learns where the caret is."""
 import dbus
 import dbus.service
 
@@ -9,7 +9,7 @@ PATH = "/org/freedesktop/IBus"
 CONTEXT_PATH = PATH + "/InputContext_1"
 CONTEXT = "org.freedesktop.IBus.InputContext"
 RELEASED = 1 << 30
-# What makes the toolkit use it.
+# Makes the toolkit use it.
 ENVIRONMENT = {"QT_IM_MODULE": "ibus", "IBUS_USE_PORTAL": "1"}
 ESCAPE = 0xFF1B
 
@@ -24,7 +24,7 @@ def text(characters):
 
 
 class InputMethod(dbus.service.Object):
-    """The portal's object; there is one context, since there is one program."""
+    """The portal's object. There is only one context, because there is only one program."""
 
     def __init__(self):
         self.bus = dbus.SessionBus()
@@ -43,8 +43,8 @@ class InputMethod(dbus.service.Object):
 
 
 class Context(dbus.service.Object):
-    """Composes a syllable from "s", as an engine for Korean does: any other key ends the
-    composition first and is passed on."""
+    """Composes a syllable from "s", like an engine for Korean: any other key ends the composition
+    and is then passed on."""
 
     def __init__(self, bus):
         super().__init__(bus, CONTEXT_PATH)

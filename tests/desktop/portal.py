@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Stands in for the desktop's settings portal."""
+"""A stand-in for the desktop's settings portal."""
 import dbus
 import dbus.service
 from dbus.mainloop.glib import DBusGMainLoop
@@ -11,7 +11,7 @@ SPACE = "org.freedesktop.appearance"
 
 
 class Portal(dbus.service.Object):
-    """A settings portal that can change its mind, or keep its answers to itself."""
+    """A settings portal that can change its values or never answer."""
 
     def __init__(self, answers=True, **values):
         self.bus = dbus.SessionBus(mainloop=DBusGMainLoop())
@@ -45,5 +45,5 @@ class Portal(dbus.service.Object):
 
 
 def scheme(number):
-    """As portals of today answer: a variant inside the variant."""
+    """A variant inside a variant, which is what current portals return."""
     return dbus.UInt32(number, variant_level=1)

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""A session manager, as a login session has one, that a test can look into (X Session Management
-Protocol, through the library that session managers use)."""
+"""A session manager that a test can inspect (X Session Management Protocol, implemented with the
+library that real session managers use)."""
 import ctypes
 from ctypes import CFUNCTYPE, POINTER, byref, c_char_p, c_int, c_ulong, c_void_p
 
@@ -25,7 +25,7 @@ class Callback(ctypes.Structure):
     _fields_ = [("function", c_void_p), ("data", c_void_p)]
 
 
-# What a client asks of the session manager, in the order of the library's table.
+# A client's requests to the session manager, in the order of the library's table.
 REQUESTS = {
     "register_client": CFUNCTYPE(c_int, c_void_p, c_void_p, c_void_p),
     "interact_request": CFUNCTYPE(None, c_void_p, c_void_p, c_int),
@@ -55,13 +55,13 @@ def libraries():
 
 
 class SessionManager:
-    """Serves one client at a time from the GLib main loop; what the client did is in the fields."""
+    """Serves one client at a time from the GLib main loop and records what the client does."""
 
     def __init__(self):
         self.ice, self.sm = libraries()
         self.connection = None  # of the client that registered last
-        self.saves = 0  # how often it said that it is done saving
-        self.interactions = 0  # how often it asked to speak to the user
+        self.saves = 0  # how often it said that it has finished saving
+        self.interactions = 0  # how often it asked to interact with the user
         self.restart_style = None
         self._keep_callbacks()
         error = ctypes.create_string_buffer(ERROR_LENGTH)
@@ -72,7 +72,7 @@ class SessionManager:
         self._listen()
 
     def _keep_callbacks(self):
-        """C does not keep Python's functions alive."""
+        """C code does not keep Python functions alive."""
         self.admission = Admission(lambda _host: 1)
         self.error_handler = ErrorHandler(lambda _connection: None)
         self.new_client = NewClient(self._fill_table)
@@ -121,7 +121,7 @@ class SessionManager:
         self.connection = c_void_p(connection)
         self.saves = self.interactions = 0
         self.restart_style = None
-        # The protocol has each new client save once.
+        # The protocol makes each new client save once.
         self.sm.SmsSaveYourself(self.connection, SAVE_LOCAL, 0, INTERACT_NONE, 0)
         return 1
 
@@ -148,7 +148,7 @@ class SessionManager:
         self.ice.IceCloseConnection(line)
 
     def ask_to_save(self):
-        """The first half of a logout: the user may still be asked, and could cancel it."""
+        """The first half of a logout: clients may still ask the user, who can cancel it."""
         self.sm.SmsSaveYourself(self.connection, SAVE_BOTH, 1, INTERACT_ANY, 0)
 
     def ask_to_die(self):
@@ -156,5 +156,5 @@ class SessionManager:
         self.sm.SmsDie(self.connection)
 
     def cancel(self):
-        """The logout after all does not happen: another program's user said so."""
+        """Cancels the logout, as when the user cancels it in another program."""
         self.sm.SmsShutdownCancelled(self.connection)

@@ -1,33 +1,33 @@
 # SPDX-License-Identifier: MIT
-"""What a program does of its own accord, told from what others give it occasion for.
+"""Separates what a program does on its own from its reactions to others.
 
-Others reach it whatever the tests do: whoever sets the clock, for instance, sets that of all
-programs on the machine, and each must hear of it.
+The tests cannot keep others away: setting the clock, for instance, affects all programs on the
+machine, and each of them is told.
 """
 import re
 import subprocess
 import tempfile
 from pathlib import Path
 
-# What a thread sleeps in until something comes.
+# The calls in which a thread sleeps until something happens.
 WAIT = r"(?:poll|ppoll|select|pselect6|epoll_wait|epoll_pwait2?|futex|restart_syscall)\("
 WOKEN = re.compile(WAIT + r".* = (?:\d+|\d+ \(.*\)|-1 EINTR .*|\? ERESTART.*)$")
-# What it looks into without sleeping, while it is awake anyway.
+# A wait with a timeout of zero: a look without sleeping, while the thread is awake anyway.
 GLANCE = re.compile(r"(?:, 0|\{tv_sec=0, tv_nsec=0\}(?:, NULL(?:, \d+)?)?)\) += 0 \(Timeout\)$")
-# The end of a while that it wanted to sleep for at most.
+# The end of a timeout that the program set itself.
 TIMER = re.compile(rf"{WAIT}.* = 0 \(Timeout\)$|.* = -1 ETIMEDOUT |restart_syscall\(.* = 0$"
                    r"|(?:clock_)?nanosleep\(.* = 0$|read\(\d+<anon_inode:\[timerfd\]>.* = \d+$"
                    r"|--- SIG")
-# From the display, a bus, a file that was changed, or the clock that was set.
+# A message from the display or a bus, or the news that a file or the clock was changed.
 MESSAGE = re.compile(r"(?:read|recvmsg|recvfrom)\(\d+<(?:socket|UNIX|TCP|anon_inode:inotify)"
                      r".* = [1-9]\d*$|read\(\d+<anon_inode:\[timerfd\]>.* = -1 ECANCELED ")
-# A program that never sleeps makes as many in no time.
+# A program that never sleeps exceeds this almost immediately.
 MOST_CALLS_FOR_A_MESSAGE = 100
 
 
 class Calls:
-    """Those that have returned, in order, from what strace prints line by line; own are those that
-    no message gave occasion for."""
+    """The calls that have returned, in order, parsed from strace's output line by line. "own" has
+    those that are no reaction to a message."""
 
     def __init__(self):
         self.all = []
@@ -60,7 +60,7 @@ class Calls:
 
 
 class SystemCalls(Calls):
-    """Of a process and all its threads."""
+    """The calls of a process and all its threads."""
 
     def __init__(self, pid):
         super().__init__()
@@ -70,7 +70,7 @@ class SystemCalls(Calls):
             ["strace", "--follow-forks", "--decode-fds=path", f"--attach={pid}",
              f"--output={self._file.name}"], stdout=subprocess.DEVNULL,
             stderr=subprocess.PIPE, text=True)
-        # "Process 1 attached" or "attach: ptrace(PTRACE_SEIZE, 1): Operation not permitted".
+        # Either "Process 1 attached" or "attach: ptrace(PTRACE_SEIZE, 1): Operation not permitted".
         greeting = self._strace.stderr.readline()
         if " attached" not in greeting:
             self.stop()
@@ -89,8 +89,8 @@ class SystemCalls(Calls):
 
 
 class WakeUps:
-    """Stands in for SystemCalls where strace is not permitted: what the kernel counts, which is
-    what others give occasion for as well."""
+    """Replaces SystemCalls where strace is not permitted, with the kernel's counters, which include
+    reactions to others."""
 
     def __init__(self, pid):
         self._tasks = Path(f"/proc/{pid}/task")

@@ -1,12 +1,13 @@
 # SPDX-License-Identifier: MIT
-"""Every window, node by node, as a screen reader and a user without a pointer meet it."""
+"""Every window, node by node, as seen by a screen reader and a user without a pointer."""
 import unittest
 
 from gi.repository import GLib
 
 import accessibility
 from accessibility import Atspi, find, is_focused, nodes, text_of
-from case import QUESTION, DesktopCase, active_window_title, press_keys, type_text
+from case import (QUESTION, DesktopCase, active_window_title, press_keys, type_text,
+                  visible_titles)
 from desktop import wait_for
 from updates import BROKEN, OFFER, UP_TO_DATE, UpdateService, start_system_bus
 
@@ -15,11 +16,11 @@ State = Atspi.StateType
 
 WINDOWS = {Role.FRAME, Role.WINDOW, Role.DIALOG, Role.ALERT}
 CONTROLS = {Role.PUSH_BUTTON, Role.RADIO_BUTTON, Role.COMBO_BOX, Role.TEXT, Role.SPIN_BUTTON}
-# Those of a layout. Of their own they have nothing to say, so they must have something in them.
+# Layout containers. They say nothing themselves, so they must contain something.
 CONTAINERS = {Role.FILLER, Role.PANEL}
 SHOWN = CONTROLS | CONTAINERS | {Role.LABEL, Role.IMAGE, Role.PROGRESS_BAR}
 TOOLKITS_OWN_ACTIONS = {"SetFocus", "Increase", "Decrease"}
-HINT = "Ctrl+↵ to save · esc to cancel"
+HINT = "Control Return to save, Escape to cancel"
 
 
 def has(node, *states):
@@ -27,7 +28,7 @@ def has(node, *states):
 
 
 def actions(node):
-    """What can be done to it, beside what the toolkit says of all that has the focus or a value."""
+    """The node's actions, without those that the toolkit adds to all that has a focus or a value."""
     action = node.get_action_iface()
     names = [action.get_action_name(index) for index in range(action.get_n_actions())] \
         if action else []
@@ -35,7 +36,7 @@ def actions(node):
 
 
 def describe(node):
-    # What older AT-SPI calls a push button is a button to newer.
+    # Older AT-SPI says "push button", newer AT-SPI says "button".
     return f"{node.get_role_name().removeprefix('push ')} {node.get_name()!r}"
 
 
@@ -53,7 +54,13 @@ def window_that_shows(what):
         return next((window for window in accessibility.windows()
                      if what in map(describe, shown_nodes(window))), None)
     except GLib.Error:
-        return None  # of a program that has just ended
+        return None  # the program has just ended
+
+
+def sounds():
+    """The items of the pop-up's open list."""
+    return [node for node in nodes(find("Sound", Role.COMBO_BOX))
+            if node.get_role() == Role.LIST_ITEM]
 
 
 def focused(focusable):
@@ -61,7 +68,7 @@ def focused(focusable):
 
 
 class Events:
-    """What the program tells a screen reader, as (type, role, name)."""
+    """The program's events for screen readers, as (type, role, name, detail)."""
 
     def __init__(self, *types):
         self.seen = []
@@ -75,7 +82,7 @@ class Events:
             self.seen.append((event.type, event.source.get_role(), event.source.get_name(),
                               event.detail1))
         except GLib.Error:
-            pass  # what it tells of has gone meanwhile
+            pass  # the source has already disappeared
 
     def stop(self):
         for kind in self.types:
@@ -84,7 +91,7 @@ class Events:
 
 class AccessibilityTest(DesktopCase):
     def check_window(self, window, forward, backward):
-        """@p forward and @p backward are the keys that move the focus."""
+        """@p forward and @p backward are the keys that move focus."""
         self.assertIn(window.get_role(), WINDOWS)
         self.assertNotEqual(window.get_name(), "")
         self.assertTrue(has(window, State.ACTIVE, State.ENABLED, State.VISIBLE))
@@ -109,7 +116,7 @@ class AccessibilityTest(DesktopCase):
         if has(node, State.FOCUSED):
             self.assertTrue(has(node, State.FOCUSABLE))
         if role in CONTROLS and not has(node, State.FOCUSABLE):
-            # The halves of a stepper, which has the keys of both.
+            # The two halves of a stepper, which handles the keys for both.
             self.assertTrue(has(node.get_parent(), State.FOCUSABLE))
             self.assertEqual(node.get_parent().get_role(), Role.SPIN_BUTTON)
         if role == Role.TEXT:
@@ -117,8 +124,8 @@ class AccessibilityTest(DesktopCase):
             self.assertIsNotNone(node.get_text_iface())
 
     def check_focus_chain(self, window, forward, backward):
-        """Round the window and back to where it began, both ways, through all that can have the
-        focus. Of a group of radio buttons that is the one which is checked."""
+        """In both directions, focus goes once through everything that can have it and returns to
+        where it began. In a group of radio buttons, only the checked one can have it."""
         focusable = {describe(node): node for node in shown_nodes(window)
                      if has(node, State.FOCUSABLE)}
         expected = {name for name, node in focusable.items()
@@ -152,8 +159,7 @@ class AccessibilityTest(DesktopCase):
         (title,) = self.prompt_titles()
         window = window_titled(title)
         self.check_window(window, "ctrl+Tab", "ctrl+shift+Tab")
-        self.assertLessEqual({"label " + repr(title), "label " + repr(HINT),
-                              "button 'Close'", f"text {QUESTION!r}"},
+        self.assertLessEqual({"label " + repr(title), "button 'Close'", f"text {QUESTION!r}"},
                              {describe(node) for node in shown_nodes(window)})
 
     def test_settings(self):
@@ -177,6 +183,14 @@ class AccessibilityTest(DesktopCase):
                                   "Appearance": "Choose how Tovla looks", "Theme": "",
                                   "Alert Sound": "Played when a writing prompt appears"})
         self.assertEqual(text_of(find("Prompt Frequency", Role.TEXT)), "60")
+        stepper = find("Prompt Frequency", Role.SPIN_BUTTON)
+        value = stepper.get_value_iface()
+        self.assertEqual((value.get_current_value(), value.get_minimum_value(),
+                          value.get_maximum_value(), value.get_minimum_increment()),
+                         (60, 1, 1440, 5))
+        self.assertEqual(find("Choose…").get_description(), f"Journal, {folder}")
+        self.assertEqual(find("Prompt Frequency", Role.TEXT).get_description(), "minutes")
+        self.assertRegex(stepper.get_description(), r"^next at \d\d:\d\d$")
         self.assertEqual(find("Sound", Role.COMBO_BOX).get_description(), "Glass")
         checked = [node.get_name() for node in shown if has(node, State.CHECKED)]
         self.assertEqual(checked, ["Dark"])
@@ -185,10 +199,11 @@ class AccessibilityTest(DesktopCase):
         self.open_settings()
         stepper = find("Prompt Frequency", Role.SPIN_BUTTON)
         self.focus(stepper)
+        value = stepper.get_value_iface()
         press_keys("Up")
-        wait_for(lambda: stepper.get_description() == "65", "a step up")
+        wait_for(lambda: value.get_current_value() == 65, "a step up")
         press_keys("Down", "Down")
-        wait_for(lambda: stepper.get_description() == "55", "two steps down")
+        wait_for(lambda: value.get_current_value() == 55, "two steps down")
         self.focus(find("Follow System"))
         press_keys("Down")
         light = find("Light")
@@ -197,14 +212,82 @@ class AccessibilityTest(DesktopCase):
         wait_for(lambda: has(find("Dark"), State.CHECKED), "the one of that letter")
         self.focus(find("Sound", Role.COMBO_BOX))
         press_keys("Down")
-        wait_for(lambda: find("Sound", Role.COMBO_BOX).get_description() == "Sosumi",
-                 "the next sound")
+        sound = find("Sound", Role.COMBO_BOX)
+        wait_for(lambda: sound.get_description() == "Sosumi", "the next sound")
         for key in ("space", "Return"):
             self.focus(find("Choose…"))
             press_keys(key)
             wait_for(lambda: active_window_title() != "Tovla Settings", "the chooser")
             press_keys("Escape")
             wait_for(lambda: active_window_title() == "Tovla Settings", "the settings again")
+
+    def test_keys_enter_the_radio_buttons_at_the_checked_one(self):
+        self.open_settings(theme="dark")
+        self.focus(find("Prompt Frequency", Role.SPIN_BUTTON))
+        press_keys("Tab")
+        wait_for(lambda: is_focused(find("Dark")), "the focus on the checked one")
+        self.focus(find("Sound", Role.COMBO_BOX))
+        press_keys("shift+Tab")
+        wait_for(lambda: is_focused(find("Dark")), "the focus on the checked one")
+
+    def test_every_control_is_operated_by_assistive_technology(self):
+        """Only through the accessibility interface, but for the tray's menu and the folder chooser,
+        which are the desktop's, for saving, which has only keys, and for the items of the open list,
+        for which the toolkit has no action."""
+        start_system_bus(self.desktop)
+        service = UpdateService(self.desktop, OFFER)
+        self.addCleanup(service.stop)
+        self.start(folder=False)
+        editor = self.open_prompt()
+        self.write(editor, "nowhere to go")
+        press_keys("ctrl+Return")
+        wait_for(lambda: active_window_title() == "Journal", "the alert to be active")
+        accessibility.press("OK")
+        wait_for(lambda: active_window_title() != "Journal", "the alert to close")
+
+        self.item.click("Settings…")
+        self.choose_folder()
+        wait_for(lambda: find("Choose…").get_description() == f"Journal, {self.desktop.journal()}",
+                 "the folder to be told")
+        value = find("Prompt Frequency", Role.SPIN_BUTTON).get_value_iface()
+        number = find("Prompt Frequency", Role.TEXT)
+        for asked, taken in ((90, "90"), (0, "1"), (99999, "1440"), (25, "25")):
+            value.set_current_value(asked)
+            wait_for(lambda: text_of(number).replace(",", "") == taken, f"{taken} minutes")
+        accessibility.press("Increase")
+        wait_for(lambda: text_of(number) == "30", "a step up")
+        accessibility.press("Decrease")
+        wait_for(lambda: text_of(number) == "25", "a step down")
+        accessibility.press("Light")
+        wait_for(lambda: has(find("Light"), State.CHECKED), "the appearance")
+        accessibility.press("Sound")
+        wait_for(lambda: len(sounds()) == 14, "the open list")
+        self.assertEqual([node.get_name() for node in sounds() if has(node, State.SELECTED)],
+                         ["Purr"])
+        press_keys("Home", "Down", "Down", "Return")
+        sound = find("Sound", Role.COMBO_BOX)
+        wait_for(lambda: sound.get_description() == "Bottle", "the sound")
+        preferences = self.desktop.preferences_file()
+        wait_for(lambda: all(line in preferences.read_text() for line in
+                             ("intervalMinutes=25", "theme=light", "soundName=Bottle")),
+                 "the preferences")
+
+        editor = self.open_prompt()
+        self.write(editor, "all by hearing")
+        self.wait_for_text(editor, "all by hearing")
+        press_keys("ctrl+Return")
+        self.wait_for_day_file(lambda content: content.endswith(b"\nall by hearing\n"))
+
+        self.open_prompt()
+        accessibility.press("Close")
+        self.wait_until_no_prompt()
+
+        self.item.click("Check for Updates…")
+        find("A new version of Tovla is available!")
+        accessibility.press("Install Update")
+        find("Update Installed")
+        accessibility.press("Later")
+        wait_for(lambda: "Software Update" not in visible_titles(), "the window to close")
 
     def test_close_button_is_pressed_with_keys(self):
         self.start()
@@ -213,6 +296,12 @@ class AccessibilityTest(DesktopCase):
         wait_for(lambda: is_focused(find("Close")), "the focus on the button")
         press_keys("space")
         self.wait_until_no_prompt()
+
+    def write(self, node, text):
+        node.get_editable_text_iface().set_text_contents(text)
+
+    def wait_for_text(self, node, text):
+        wait_for(lambda: text_of(node) == text, f"the text {text!r}")
 
     def focus(self, node):
         node.get_component_iface().grab_focus()

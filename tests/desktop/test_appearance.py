@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""What the desktop's settings portal tells, followed by the windows."""
+"""The windows follow the desktop's settings portal."""
 import unittest
 
 import dbus
@@ -9,9 +9,10 @@ from case import (DARK, LIGHT, SETTINGS, DesktopCase, active_window_title, click
                   geometry, geometry_of, press_keys, visible_titles)
 from desktop import output, search_windows, wait_for
 from portal import Portal, scheme
+from xsettings import SettingsDaemon
 
 def popup_geometry():
-    """Of the window that the program opened last; a popup has no title of its own."""
+    """The geometry of the program's smallest window; popups cannot be found by title."""
     boxes = [geometry(window) for window in search_windows("--onlyvisible", "--class", "^tovla$")]
     return min(boxes, key=lambda box: box[2] * box[3])
 
@@ -96,6 +97,39 @@ class AppearanceTest(DesktopCase):
         self.open_settings()
         self.wait_for_settings_background(LIGHT)
         self.open_prompt()
+
+    def test_dark_theme_is_followed_where_the_portal_has_no_preference(self):
+        self.portal = Portal(**{"color-scheme": scheme(0)})
+        daemon = SettingsDaemon(Net_ThemeName="Mint-Y-Dark-Aqua")
+        self.addCleanup(daemon.close)
+        self.open_settings()
+        self.wait_for_settings_background(DARK)
+        daemon.publish(Net_ThemeName="Mint-Y-Aqua")
+        self.wait_for_settings_background(LIGHT)
+        daemon.publish(Net_ThemeName="BlackMATE-dark")
+        self.wait_for_settings_background(DARK)
+        self.portal.change("color-scheme", scheme(2))
+        self.wait_for_settings_background(LIGHT)
+
+    def test_settings_daemon_that_starts_later_or_dies_is_followed(self):
+        self.open_settings()
+        self.wait_for_settings_background(LIGHT)
+        daemon = SettingsDaemon(Net_ThemeName="Adwaita-dark")
+        self.wait_for_settings_background(DARK)
+        daemon.close()
+        self.wait_for_settings_background(LIGHT)
+
+    def test_window_scaling_of_xfce_is_adopted(self):
+        daemon = SettingsDaemon(Gdk_WindowScalingFactor=2, Xft_DPI=98304)
+        self.addCleanup(daemon.close)
+        self.desktop.write_preferences(folderPath="")
+        for desktop, width in (("XFCE", 880), ("GNOME", 440)):
+            with self.subTest(desktop=desktop):
+                self.tovla = self.desktop.start_tovla(XDG_CURRENT_DESKTOP=desktop)
+                wait_for(lambda: active_window_title() == SETTINGS, "the settings")
+                self.assertEqual(geometry_of(SETTINGS)[2], width)
+                self.desktop.stop_tovlas()
+                wait_for(lambda: SETTINGS not in visible_titles(), "the settings to go")
 
     def test_accent_colours_the_chosen_radio_button(self):
         self.portal = Portal(**{"color-scheme": scheme(2),

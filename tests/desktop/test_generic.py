@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The program of the generic platform does the main job: folder, note, day file, alert, end."""
+"""The main workflow on the generic platform: folder, note, day file, alert, end."""
 import unittest
 
 import accessibility
@@ -14,7 +14,7 @@ class GenericTest(DesktopCase):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        # The toolkit's item describes itself less exactly than panels would like.
+        # The toolkit's item lacks some of the properties that panels expect.
         cls.desktop.tray = TrayHost(is_strict=False)
 
     def test_first_launch_to_day_file_and_quit(self):

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""What the program does while there is nothing to do, over a minute of a quiet session.
+"""What the program does in a minute of a quiet session, while there is nothing to do.
 
-The one test that observes a span of time. It tells what the program does of its own accord, so that
-neither the speed of the machine nor what else runs on it plays a part.
+This is the only test that observes a fixed span of time. It counts only what the program does on its
+own, so neither the machine's speed nor its other programs matter.
 """
 import os
 import re
@@ -16,9 +16,9 @@ from desktop import wait_for
 from system_calls import MESSAGE, SystemCalls, WakeUps
 
 MINUTE = 60
-# The toolkit wakes up once, 30 s after the start (a timer of its caches). After a prompt the longest
-# of its timers ends the threads that painted it (QThreadPool's expiryTimeout and the pixmap cache's
-# flush, both 30 s in Qt 6).
+# The toolkit wakes up once, 30 s after startup (a timer of its caches). After a prompt, the longest
+# of its timers are those that end the painting threads (QThreadPool's expiryTimeout) and flush the
+# pixmap cache, both 30 s in Qt 6.
 LONGEST_TIMER_SECONDS = 30
 PATIENCE_SECONDS = 300
 PROMPTS = 100
@@ -30,7 +30,7 @@ class IdleTest(DesktopCase):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        # To a screen reader the session is never quiet.
+        # With accessibility switched on, the session is never quiet.
         del os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"]
 
     def setUp(self):
@@ -43,7 +43,7 @@ class IdleTest(DesktopCase):
         wait_for(lambda: is_time(active_window_title()), "the prompt to be active")
 
         def closes():
-            """The keyboard may come to it a little later than the window manager says."""
+            """The prompt may get keyboard focus a little later than the window manager says."""
             press_keys("Escape")
             return not self.prompt_titles()
 

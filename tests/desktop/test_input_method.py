@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Writing with an input method, and pasting from a program that does not answer."""
+"""Writing with an input method, and pasting from an unresponsive program."""
 import unittest
 
 import accessibility
@@ -21,14 +21,14 @@ class InputMethodTest(DesktopCase):
         self.editor = self.open_prompt()
 
     def place(self):
-        """Of the caret on the screen, as the input method knows it."""
+        """The caret's rectangle on the screen, as reported to the input method."""
         return self.context.places[-1] if self.context.places else (0, 0, 0, 0)
 
     def wait_for_place(self, fits, what):
         wait_for(lambda: fits(*self.place()), f"{what}; it is at {self.place()}")
 
     def box(self):
-        """The inside of the writing box on the screen: left, top, right, bottom."""
+        """The inside of the text box on the screen: left, top, right, bottom."""
         x, y, width, height = frame_of(active_window_title())
         return x + 12, y + 28 + 12, x + width - 12, y + height - 12
 
@@ -89,6 +89,23 @@ class InputMethodTest(DesktopCase):
         wait_for(lambda: clipboard.questions() > 0, "the question")
         type_text("on")
         wait_for(lambda: accessibility.text_of(self.editor) == "on", "the program to go on")
+        self.assertEqual(clipboard.questions(), 1)
+
+    def test_clipboard_that_does_not_answer_is_asked_once_for_the_number_too(self):
+        press_keys("Escape")
+        self.wait_until_no_prompt()
+        self.item.click("Settings…")
+        field = accessibility.find("Prompt Frequency", accessibility.Atspi.Role.TEXT)
+        field.get_component_iface().grab_focus()
+        wait_for(lambda: accessibility.is_focused(field), "the focus in the field")
+        clipboard = SilentClipboard()
+        self.addCleanup(clipboard.close)
+        press_keys("ctrl+a", "ctrl+v")
+        wait_for(lambda: clipboard.questions() > 0, "the question")
+        type_text("25")
+        press_keys("Return")
+        wait_for(lambda: "intervalMinutes=25" in self.desktop.preferences_file().read_text(),
+                 "the program to go on")
         self.assertEqual(clipboard.questions(), 1)
 
 

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""A panel that speaks the old system tray protocol, and a session bus that goes away."""
+"""A panel with an XEmbed system tray, and a session bus that goes away."""
 import os
 import re
 import signal
@@ -12,7 +12,7 @@ from test_time import FAKETIME
 from tray_host import TrayHost
 
 PANEL_HEIGHT = 32
-# Of tint2, a panel that knows the old protocol alone.
+# Settings of tint2, a panel that only has an XEmbed tray.
 PANEL_SETTINGS = f"""
 panel_items = S
 panel_size = 100% {PANEL_HEIGHT}
@@ -22,8 +22,8 @@ systray_padding = 4 4 4
 
 
 def docked_icon():
-    """The middle of the icon, the one window with the plain name, once it is in the panel at the
-    lower edge; panels move it about before they show it."""
+    """The centre of the icon, once it is in the panel at the lower edge. It is the only window with
+    the plain name; panels move it around before they show it."""
     line = re.search(r'"tovla": \("tovla" "tovla"\)  (\d+)x(\d+).* \+(\d+)\+(\d+)$',
                      output("xwininfo", "-root", "-tree"), re.MULTILINE)
     if not line or "tovla" not in visible_titles():
@@ -52,7 +52,7 @@ class PanelsTest(DesktopCase):
         return panel
 
     def choose(self, key, button=1):
-        """Clicks on the icon in the panel and takes the menu's item that has this key."""
+        """Clicks the icon in the panel and chooses the menu item with this key."""
         place = wait_for(docked_icon, "the icon in the panel")
         self.desktop.wait_until_still()
         before = len(visible_titles())
@@ -122,6 +122,25 @@ class PanelsTest(DesktopCase):
         self.save("again")
         self.assertIn("Tovla Settings", visible_titles())
         self.end()
+
+    def test_launch_by_hand_without_any_panel_opens_the_settings(self):
+        self.desktop.write_preferences(folderPath=self.desktop.journal())
+        for environment in ({"DBUS_STARTER_BUS_TYPE": "session"},
+                            {"XDG_ACTIVATION_TOKEN": "launcher/1"},
+                            {"DESKTOP_STARTUP_ID": "launcher_TIME1"}):
+            with self.subTest(environment=environment):
+                self.desktop.start_tovla(**environment)
+                wait_for(lambda: "Tovla Settings" in visible_titles(), "the settings")
+                self.desktop.stop_tovlas()
+                wait_for(lambda: not visible_titles(), "the settings to go")
+
+    def test_start_at_login_without_any_panel_opens_nothing(self):
+        self.desktop.write_preferences(folderPath=self.desktop.journal())
+        tovla = self.desktop.start_tovla()
+        # Later than any window that the start itself would open.
+        tovla.act_when_ready("write-now")
+        wait_for(visible_titles, "the prompt")
+        self.assertNotIn("Tovla Settings", visible_titles())
 
 
 if __name__ == "__main__":

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The road of one prompt, from the tray to the day file."""
+"""A prompt, from the tray to the day file."""
 import re
 import unittest
 
@@ -127,7 +127,7 @@ class PromptTest(DesktopCase):
         type_text("still here")
         wait_for(lambda: accessibility.text_of(editor) == "still here", "what was typed")
         self.item.click("Write now")
-        self.item.labels()  # answered after the click was served
+        self.item.labels()  # answered only after the click has been handled
         self.assertEqual(len(self.prompt_titles()), 1)
         self.assertEqual(accessibility.text_of(editor), "still here")
 

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Several screens, of different scale, that come and go, and one that is small."""
+"""Screens of different scales, plugged in and unplugged, and a small screen."""
 import itertools
 import os
 import subprocess
@@ -15,7 +15,7 @@ STRIP_HEIGHT = 28
 
 
 def plug(name, width, height, x, output_name="none"):
-    """A screen at the upper edge; the size in millimetres is of no consequence."""
+    """Adds a screen at the top of the display. The size in millimetres does not matter."""
     change_screens("--delmonitor", name)
     change_screens("--setmonitor", name, f"{width}/300x{height}/200+{x}+0", output_name)
     assert f" {width}/300x{height}/200+{x}+0" in output("xrandr", "--listmonitors")
@@ -27,7 +27,7 @@ def unplug(name):
 
 
 def change_screens(*arguments):
-    """Its status tells nothing: it is 1 even where all went well."""
+    """Ignores the exit status of xrandr, which is 1 even on success."""
     subprocess.run(["xrandr", *arguments], stdout=subprocess.DEVNULL,
                    stderr=subprocess.DEVNULL)
 
@@ -58,7 +58,7 @@ class ScreensTest(DesktopCase):
         return editor
 
     def wait_for_frame(self, *expected):
-        """A pixel more or less, as the scale rounds."""
+        """Allows for a pixel of rounding from the scale."""
         def is_there():
             return all(abs(got - wanted) <= 1
                        for got, wanted in zip(frame_of(self.title), expected))
@@ -72,13 +72,13 @@ class ScreensTest(DesktopCase):
             raise AssertionError(f"{error}; its frame is {frame_of(self.title)}") from None
 
     def wait_for_place_on(self, screen_x, scale):
-        """Centred, with a third of the free height above."""
+        """Waits until the card is centred, with a third of the free height above it."""
         self.wait_for_size(scale)
         self.wait_for_frame(screen_x + (SIDE - 560 * scale) / 2,
                             int((HEIGHT / scale - 104) / 3) * scale)
 
     def wait_for_size(self, scale):
-        """That of one line."""
+        """Waits until the card has the size for one line."""
         def is_there():
             _, _, width, height = frame_of(self.title)
             return width == 560 * scale and 104 * scale <= height <= 112 * scale
@@ -165,7 +165,7 @@ class ScreensTest(DesktopCase):
         travels = itertools.cycle((40, 60, 80))
 
         def follows():
-            """The window manager takes the pointer a little later, and then follows it."""
+            """The window manager grabs the pointer a little later, and follows it only then."""
             travel = next(travels)
             point_to(x + 200 - travel, y + STRIP_HEIGHT // 2 - travel)
             return frame_of(self.title)[0] < x and frame_of(self.title)[1] < y

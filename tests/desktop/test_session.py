@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""The end of a session: at once, silently and cleanly, whatever is open."""
+"""The end of a session: immediate, silent and clean, whatever is open."""
 import os
 import signal
+import subprocess
 import unittest
 
 import accessibility
@@ -31,7 +32,7 @@ class SessionTest(DesktopCase):
         self.manager.ask_to_die()
 
     def open_alert(self):
-        """The one that comes when a note cannot be saved, above its prompt."""
+        """Opens the alert above a prompt that says that the note could not be saved."""
         self.desktop.journal().write_text("a file where the folder should be")
         self.addCleanup(self.desktop.journal().unlink)
         self.open_prompt()
@@ -110,6 +111,16 @@ class SessionTest(DesktopCase):
                  "the prompt")
         os.killpg(display.pid, signal.SIGKILL)
         self.assertEqual(self.tovla.wait_for_end(), 1)
+
+    def test_without_a_display_one_line_says_so(self):
+        environment = {name: value for name, value in os.environ.items()
+                       if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
+        for display in ({}, {"DISPLAY": ":12345"}):
+            with self.subTest(display=display):
+                result = subprocess.run([os.environ["TOVLA"]], env=environment | display,
+                                        capture_output=True, text=True, timeout=60, check=False)
+                self.assertEqual(result.returncode, 1)
+                self.assertRegex(result.stderr, "^tovla: there is no desktop to run on: .*\n$")
 
 
 if __name__ == "__main__":

@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: MIT
-"""The settings window, changed as a user changes it and read back from the preferences file."""
+"""The settings window, used like a user would and checked against the preferences file."""
 import unittest
 
 import accessibility
 from case import (DARK, LIGHT, SETTINGS, DesktopCase, active_window_title, click, color_at,
                   geometry_of, press_keys, type_text, visible_titles)
-from desktop import output, wait_for
+from desktop import output, visible_windows, wait_for
 
 
 class SettingsTest(DesktopCase):
@@ -16,8 +16,7 @@ class SettingsTest(DesktopCase):
     def test_number_is_taken_on_return_and_clamped(self):
         self.open_settings()
         for typed, stored in (("25", 25), ("5000", 1440), ("0", 1)):
-            accessibility.find("Prompt Frequency", accessibility.Atspi.Role.TEXT) \
-                .get_component_iface().grab_focus()
+            self.focus_number()
             press_keys("ctrl+a")
             type_text(typed)
             press_keys("Return")
@@ -27,8 +26,7 @@ class SettingsTest(DesktopCase):
 
     def test_edited_number_is_taken_when_the_window_closes(self):
         self.open_settings()
-        accessibility.find("Prompt Frequency", accessibility.Atspi.Role.TEXT) \
-            .get_component_iface().grab_focus()
+        self.focus_number()
         press_keys("ctrl+a")
         type_text("35")
         press_keys("ctrl+w")
@@ -41,6 +39,16 @@ class SettingsTest(DesktopCase):
         self.wait_for_preference("intervalMinutes=1440")
         accessibility.press("Decrease")
         self.wait_for_preference("intervalMinutes=1435")
+
+    def test_minimised_settings_are_not_lost(self):
+        self.open_settings()
+        (window,) = visible_windows(SETTINGS)
+        output("xdotool", "windowminimize", str(window))
+        wait_for(lambda: SETTINGS not in visible_titles(), "the settings to be out of sight")
+        self.item.click("Settings…")
+        wait_for(lambda: active_window_title() == SETTINGS, "the settings to come back")
+        wait_for(lambda: "SKIP_TASKBAR" in output("xprop", "-id", str(window), "_NET_WM_STATE"),
+                 "the settings to be out of the taskbar")
 
     def test_theme_is_seen_at_once(self):
         self.open_settings(theme="light")

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The sounds as a sound server hears them: a private one, whose sink leads nowhere."""
+"""The sounds, recorded from a private sound server with a null sink."""
 import os
 import signal
 import subprocess
@@ -23,7 +23,7 @@ def sound(name):
 
 
 def likeness(recorded, name):
-    """The greatest normalised correlation of the sound with any stretch of the recording."""
+    """The highest normalised correlation of the sound with any section of the recording."""
     pattern = sound(name)
     if len(recorded) < len(pattern):
         return 0
@@ -51,7 +51,7 @@ class SoundTest(DesktopCase):
         wait_for(lambda: socket.exists() and subprocess.run(
             ["pactl", "info"], stdout=subprocess.DEVNULL,
             stderr=subprocess.DEVNULL).returncode == 0, "the sound server")
-        # Keeps the latency of the sink low, so that the monitor tells what plays now.
+        # Keeps the sink's latency low, so that the monitor has what is playing now.
         self.desktop.start("pacat", "--playback", "--latency-msec=10", "--format=s16le",
                            f"--rate={RATE}", "--channels=1", "/dev/zero")
         self.recording = self.desktop.home / "recording"

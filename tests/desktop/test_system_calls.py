@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""That a program which polls would be found out, by what strace prints on this system."""
+"""Checks that a polling program is detected from strace's output on this system."""
 import subprocess
 import sys
 import unittest

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Prompts that come by themselves, with the clock sped up."""
+"""Scheduled prompts, with the clock sped up."""
 import glob
 import os
 import time
@@ -10,15 +10,15 @@ from zoneinfo import ZoneInfo
 from case import DesktopCase, is_sanitized, press_keys, type_text, visible_titles
 from desktop import wait_for
 
-# How often faster time passes. A sanitized program needs longer to answer on the bus, whose patience
-# passes faster, too.
+# How many times faster time passes. A sanitized program answers more slowly on the bus, whose
+# timeouts run faster too.
 SPEED = 20 if is_sanitized() else 60
 FAKETIME = glob.glob("/usr/lib/*/faketime/libfaketimeMT.so.1")[0]
 
 
 class TimeTest(DesktopCase):
     def start_sped_up(self, begin=None, **preferences):
-        """@p begin as in "2026-11-15 09:00", in the zone of the desktop; else now."""
+        """@p begin is, for example, "2026-11-15 09:00" in the desktop's time zone; default: now."""
         offset = 0
         if begin:
             moment = datetime.fromisoformat(begin).replace(tzinfo=ZoneInfo(os.environ["TZ"]))
@@ -50,7 +50,7 @@ class TimeTest(DesktopCase):
         (title,) = wait_for(self.prompt_titles, "the prompt")
         self.assertTrue(title.startswith("23:5"), title)
         type_text("late")
-        # Ten minutes were left to midnight.
+        # There were ten minutes left until midnight.
         wait_for(lambda: time.monotonic() - started > 11 * 60 / SPEED, "midnight")
         press_keys("ctrl+Return")
         self.wait_for_day_file(lambda content: content.endswith(b"\nlate\n"))

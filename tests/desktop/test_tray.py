@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The tray item, its menu, and what else starts and stops the program."""
+"""The tray item, its menu, and other ways to start and stop the program."""
 import os
 import signal
 import subprocess
@@ -42,28 +42,32 @@ class TrayTest(DesktopCase):
             self.assertEqual(len(pixels), 4 * width * height)
             rows = [y for y in range(height)
                     if any(pixels[4 * (y * width + x)] > 64 for x in range(width))]
-            # Of 18 points the outer ring takes 16.2.
+            # The outer ring takes 16.2 of 18 points.
             self.assertAlmostEqual(len(rows) / height, 0.9, delta=1.5 / height)
             sides.append(int(width))
         self.assertEqual(sides, [16, 18, 22, 24, 32, 48, 64])
 
-    def test_icon_has_a_name_only_where_a_host_finds_the_file(self):
+    def test_icon_has_a_name_only_where_a_host_finds_the_file_and_recolours_it(self):
         self.start()
         self.assertEqual(self.item.property("IconName"), "")
         self.desktop.stop_tovlas()
         icons = self.desktop.home / "data" / "icons" / "hicolor" / "symbolic" / "apps"
         icons.mkdir(parents=True)
         (icons / "org.tovla.Tovla-symbolic.svg").write_text("<svg/>")
-        self.tovla = self.desktop.start_tovla(XDG_DATA_DIRS=str(self.desktop.home / "data"))
-        self.item = self.tovla.wait_for_tray_item()
-        self.assertEqual(self.item.property("IconName"), "org.tovla.Tovla-symbolic")
-        self.assertEqual(self.item.property("IconThemePath"), "")
+        for desktop, name in (("ubuntu:GNOME", "org.tovla.Tovla-symbolic"), ("MATE", "")):
+            self.tovla = self.desktop.start_tovla(XDG_DATA_DIRS=str(self.desktop.home / "data"),
+                                                  XDG_CURRENT_DESKTOP=desktop)
+            self.item = self.tovla.wait_for_tray_item()
+            self.assertEqual(self.item.property("IconName"), name)
+            self.assertEqual(self.item.property("IconThemePath"), "")
+            self.desktop.stop_tovlas()
 
     def test_label_follows_the_settings_while_the_menu_is_shown(self):
         self.start()
         self.item.labels()
         self.open_settings_from_menu()
-        press_keys("Tab", "ctrl+a")
+        self.focus_number()
+        press_keys("ctrl+a")
         type_text("25")
         press_keys("Return")
         wait_for(lambda: any(item["label"] == "Every 25 min → Journal"

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-""""Check for Updates…", from the menu to the program that runs anew."""
+""""Check for Updates…", from the menu to the restarted program."""
 import signal
 import unittest
 
@@ -73,7 +73,7 @@ class UpdatesTest(DesktopCase):
         accessibility.press("Restart Now")
         self.wait_until_closed()
         self.assertEqual(self.tovla.wait_for_tray_item().name, before.name)
-        self.item.click("Write now")  # brings the keyboard back to the card
+        self.item.click("Write now")  # returns keyboard focus to the card
         wait_for(lambda: self.prompt_titles() == [active_window_title()], "the card to be active")
         press_keys("ctrl+Return")
         self.wait_for_day_file(lambda content: content.endswith(b"\nnothing lost\n"))

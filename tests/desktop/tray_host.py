@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
-"""A StatusNotifier watcher and host, as a desktop's panel is one, that a test can look into.
+"""A StatusNotifier watcher and host, like a desktop's panel, that a test can inspect.
 
-As strict as panels are: it takes an item only from the program that offers it, once, reads only the
-properties that introspection lists, and shows no menu that lacks what the interface demands.
+It is as strict as panels are: it accepts an item only once and only from the program that owns it,
+reads only properties listed by introspection, and shows no menu that lacks required properties.
 """
 import xml.etree.ElementTree as ElementTree
 
@@ -34,7 +34,7 @@ INTROSPECTION = f"""<node><interface name="{SERVICE}">
 
 class TrayHost(dbus.service.Object):
     def __init__(self, has_host=True, address=None, replaces=False, is_strict=True):
-        """On the session bus, or on the one of that address; may take the name over."""
+        """Runs on the session bus or the bus at @p address, and may take over the name."""
         self.is_strict = is_strict
         loop = DBusGMainLoop()
         self.bus = (dbus.bus.BusConnection(address, mainloop=loop) if address
@@ -51,7 +51,7 @@ class TrayHost(dbus.service.Object):
         super().__init__(self.bus, PATH)
 
     def vanish(self):
-        """As when a panel crashes."""
+        """Disappears like a panel that crashes."""
         self.remove_from_connection()
         self.bus.release_name(SERVICE)
         self.items.clear()
@@ -105,12 +105,12 @@ class TrayHost(dbus.service.Object):
                 if daemon.GetConnectionUnixProcessID(name) == pid:
                     return TrayItem(self.bus, name, self.is_strict)
             except dbus.DBusException:
-                continue  # the item has gone meanwhile
+                continue  # the item has disappeared in the meantime
         return None
 
 
 class TrayItem:
-    """What the host draws of an item, and what the user can do with it."""
+    """What the host shows of an item, and what the user can do with it."""
 
     def __init__(self, bus, name, is_strict):
         self.name = name
@@ -138,7 +138,7 @@ class TrayItem:
         return properties_of(self.item, ITEM_INTERFACE)[name]
 
     def left_click(self, x=0, y=0):
-        """What it does when the item is more than a menu; waits for nothing."""
+        """What a host does if the item is not just a menu. Does not wait for the reply."""
         self.item.Activate(x, y, dbus_interface=ITEM_INTERFACE, reply_handler=lambda: None,
                            error_handler=lambda _error: None)
 
@@ -148,7 +148,7 @@ class TrayItem:
         return [(int(number), dict(properties)) for number, properties, _ in children]
 
     def labels(self):
-        """As a host shows them: a separator as None, a doubled underscore as one."""
+        """The labels as a host shows them: None for a separator, one underscore for two."""
         return [None if properties.get("type") == "separator" else shown(properties["label"])
                 for _, properties in self.entries()]
 
@@ -169,7 +169,7 @@ def members_of(remote, interface, kind="*"):
 
 
 def properties_of(remote, interface):
-    """Those that introspection lists; the program must have every one of them."""
+    """The properties that introspection lists. The program must provide every one of them."""
     listed = members_of(remote, interface, "property")
     values = remote.GetAll(interface, dbus_interface="org.freedesktop.DBus.Properties")
     assert listed == values.keys(), (listed, values.keys())
@@ -177,5 +177,5 @@ def properties_of(remote, interface):
 
 
 def shown(label):
-    """The rule of com.canonical.dbusmenu: "__" shows one underscore, any other shows none."""
+    """The rule of com.canonical.dbusmenu: "__" is shown as one underscore, a single one is hidden."""
     return "_".join(part.replace("_", "") for part in label.split("__"))

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""A system bus of the tests' own, with a stand-in for the update service on it."""
+"""A private system bus with a stand-in for the update service."""
 import json
 import os
 import subprocess
@@ -26,8 +26,8 @@ DOWNLOAD = {"progress": [{"Status": 8, "AllowCancel": True, "DownloadSizeRemaini
                          {"DownloadSizeRemaining": 250_000, "Percentage": 67}], "then": "hang"}
 REFUSED = {"error": [48, "Failed to obtain authentication."]}
 BEHIND = {**UP_TO_DATE, "SearchFiles": [{"packages": [[1, f"tovla;{NEWER};amd64;stable"]]}]}
-# Where the window can rest, by name: what the service does, the buttons on the way there, and what
-# the window then says.
+# The pages at which the window can stay: what the service does, the buttons to press to get there,
+# and what the window then says.
 PAGES = {
     "checking": ({**UP_TO_DATE, "RefreshCache": [{"then": "hang"}]}, [], "Checking for updates…"),
     "up-to-date": (UP_TO_DATE, [], "You're up to date!"),

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The few questions to the X server that no command-line tool answers."""
+"""The few queries to the X server for which there is no command-line tool."""
 import ctypes
 
 

@@ -28,7 +28,7 @@ private slots:
 
     void day_isTheLocalOne()
     {
-        // 23:30 UTC is half past midnight of the next day in Berlin.
+        // 23:30 UTC is 00:30 the next day in Berlin.
         const DayFile file(QDateTime(QDate(2026, 11, 15), QTime(23, 30), QTimeZone::utc()));
         QCOMPARE(file.name(), u"2026-11-16.md"_s);
         QCOMPARE(file.entry(u"x"_s), "## 00:30\nx\n");

@@ -22,7 +22,7 @@ const QByteArray entry = "## 08:00\nnote\n";
 const QByteArray newFile = "# 2026-11-15\n\n" + entry;
 } // namespace
 
-/// A save on a disk that fails, and beside other programs that change the same files.
+/// Saving to a failing disk, and while other programs change the same files.
 class SavePromptFaultsTest final : public QObject
 {
     Q_OBJECT
@@ -304,7 +304,7 @@ private slots:
 
     void folderThatIsNotUtf8_isNeverMade()
     {
-        // What a byte that is not UTF-8 becomes in a text.
+        // A byte that is not valid UTF-8 becomes this character in a QString.
         const QString folder = m_place->filePath(u"caf\uFFFD"_s);
         (*m_state)->setFolderPath(folder);
         save();
@@ -323,13 +323,15 @@ private:
         QFile file(path());
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }
-    /// As editors save: the new file takes the old one's place.
+    /// Replaces the old file with a new one, as editors do when they save.
     void replace(const QByteArray &bytes) const
     {
         QFile file(m_place->filePath(u"new"_s));
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
         file.close();
-        QCOMPARE(std::rename(QFile::encodeName(file.fileName()), QFile::encodeName(path())), 0);
+        QCOMPARE(std::rename(QFile::encodeName(file.fileName()).constData(),
+                             QFile::encodeName(path()).constData()),
+                 0);
     }
     [[nodiscard]] QByteArray day() const
     {

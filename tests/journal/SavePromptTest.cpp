@@ -75,7 +75,7 @@ private slots:
 
     void afterMidnight_goesToTheDayOfOpening()
     {
-        // Opened at 23:58, saved at 00:03: only the opening counts.
+        // Opened at 23:58 and saved at 00:03: only the opening time counts.
         m_desktop->now = QDateTime(QDate(2026, 11, 15), QTime(23, 3), QTimeZone::utc());
         m_state->savePrompt(u"late"_s,
                             QDateTime(QDate(2026, 11, 15), QTime(22, 58), QTimeZone::utc()));
@@ -169,7 +169,7 @@ private slots:
     void dayFileIsAFifo_isAnAlert_atOnce()
     {
         QVERIFY(QDir().mkpath(folder()));
-        QCOMPARE(mkfifo(QFile::encodeName(path("2026-11-15")), 0600), 0);
+        QCOMPARE(mkfifo(QFile::encodeName(path("2026-11-15")).constData(), 0600), 0);
         save(u"x"_s);
         QCOMPARE(alertText(), u"Could not save entry: No such device or address"_s);
     }

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "look/Look.h"
 
+#include "look/Contrast.h"
 #include "support/TestDesktop.h"
 
 #include <QTest>
-
-#include <cmath>
 
 namespace
 {
@@ -14,22 +13,9 @@ QColor over(const QColor &color, const QColor &base)
     return mixed(color, color.alphaF(), base);
 }
 
-/// WCAG 2.1, relative luminance.
-double luminance(const QColor &color)
+double contrastOver(const QColor &text, const QColor &base)
 {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF())
-        + 0.0722 * linear(color.blueF());
-}
-
-/// WCAG 2.1, contrast ratio.
-double contrast(const QColor &text, const QColor &base)
-{
-    const double one = luminance(over(text, base)) + 0.05;
-    const double other = luminance(base) + 0.05;
-    return qMax(one, other) / qMin(one, other);
+    return contrast(over(text, base), base);
 }
 } // namespace
 
@@ -51,6 +37,34 @@ private slots:
         QCOMPARE(look(appearance, ColorScheme::Dark).scheme, ColorScheme::Dark);
     }
 
+    void anyAccent_carriesWhiteText_andIsSeenAroundControls()
+    {
+        TestDesktop desktop;
+        const Desktop capabilities = desktop.capabilities();
+        for (const auto scheme : {ColorScheme::Light, ColorScheme::Dark}) {
+            for (int hue = 0; hue < 360; hue += 15) {
+                for (const int lightness : {0, 64, 128, 192, 255}) {
+                    desktop.accent = QColor::fromHsl(hue, 255, lightness);
+                    const Look current = look(*capabilities.appearance, scheme);
+                    QVERIFY(contrast(Qt::white, current.prominent) >= 4.5);
+                    QVERIFY(contrast(current.focusRing, current.windowBackground) >= 3);
+                    QVERIFY(contrast(current.focusRing, current.controlFace) >= 3);
+                }
+            }
+        }
+    }
+
+    void blueAccent_isTheOneOfTheDesign()
+    {
+        TestDesktop desktop;
+        const Desktop capabilities = desktop.capabilities();
+        for (const auto scheme : {ColorScheme::Light, ColorScheme::Dark}) {
+            const QColor prominent = look(*capabilities.appearance, scheme).prominent;
+            QVERIFY(qAbs(prominent.green() - 0x67) <= 2);
+            QVERIFY(qAbs(prominent.blue() - 0xD8) <= 3);
+        }
+    }
+
     void text_isReadable_data()
     {
         QTest::addColumn<ColorScheme>("scheme");
@@ -65,12 +79,12 @@ private slots:
         const Desktop capabilities = desktop.capabilities();
         const Look look = ::look(*capabilities.appearance, scheme);
         for (const QColor &base : {look.textBackground, look.windowBackground, look.controlFace}) {
-            QVERIFY(contrast(look.primaryText, base) >= 4.5);
+            QVERIFY(contrastOver(look.primaryText, base) >= 4.5);
         }
-        QVERIFY(contrast(look.secondaryText, look.windowBackground) >= 4.5);
-        QVERIFY(contrast(look.tertiaryText, look.windowBackground) >= 3);
-        QVERIFY(contrast(look.placeholder, look.textBackground) >= 4.5);
-        QVERIFY(contrast(look.primaryText, look.selection) >= 4.5);
+        QVERIFY(contrastOver(look.secondaryText, look.windowBackground) >= 4.5);
+        QVERIFY(contrastOver(look.tertiaryText, look.windowBackground) >= 3);
+        QVERIFY(contrastOver(look.placeholder, look.textBackground) >= 4.5);
+        QVERIFY(contrastOver(look.primaryText, look.selection) >= 4.5);
     }
 
     void highContrast_isHonoured()
@@ -82,10 +96,10 @@ private slots:
             const Look usual = look(*capabilities.appearance, scheme);
             desktop.wantsHighContrast = true;
             const Look high = look(*capabilities.appearance, scheme);
-            QVERIFY(contrast(high.secondaryText, high.windowBackground) >= 7);
-            QVERIFY(contrast(high.tertiaryText, high.windowBackground) >= 4.5);
-            QVERIFY(contrast(high.divider, high.windowBackground)
-                    > contrast(usual.divider, usual.windowBackground));
+            QVERIFY(contrastOver(high.secondaryText, high.windowBackground) >= 7);
+            QVERIFY(contrastOver(high.tertiaryText, high.windowBackground) >= 4.5);
+            QVERIFY(contrastOver(high.divider, high.windowBackground)
+                    > contrastOver(usual.divider, usual.windowBackground));
         }
     }
 
@@ -101,8 +115,8 @@ private slots:
                 const QColor light = onGlass(0xF6F6F6, opacity, wallpaper);
                 const QColor dark = onGlass(0x28282A, opacity, wallpaper);
                 const Appearance &appearance = *capabilities.appearance;
-                QVERIFY(contrast(look(appearance, ColorScheme::Light).hint, light) >= 4.5);
-                QVERIFY(contrast(look(appearance, ColorScheme::Dark).hint, dark) >= 4.5);
+                QVERIFY(contrastOver(look(appearance, ColorScheme::Light).hint, light) >= 4.5);
+                QVERIFY(contrastOver(look(appearance, ColorScheme::Dark).hint, dark) >= 4.5);
             }
         }
     }

@@ -8,7 +8,7 @@
 
 namespace
 {
-/// The change of direction at each point of the first corner, from its start to its diagonal.
+/// The change of direction at each point of the first corner, from its start to the diagonal.
 QList<qreal> turns(const QPainterPath &path)
 {
     QList<qreal> angles;
@@ -51,7 +51,7 @@ private slots:
     void curvature_growsSteadily()
     {
         const QList<qreal> curvature = turns(squirclePath(QRectF(0, 0, 300, 200), 18));
-        // Next to nothing at the edge, where an arc would jump to 1 / 18 at once.
+        // Almost zero at the edge, where an arc's curvature would jump to 1 / 18.
         QVERIFY(curvature.constFirst() < 0.3 / 18);
         for (qsizetype i = 1; i < curvature.size(); ++i) {
             QVERIFY2(curvature.at(i) > curvature.at(i - 1), qPrintable(QString::number(i)));

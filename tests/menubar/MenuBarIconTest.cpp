@@ -45,7 +45,7 @@ class MenuBarIconTest final : public QObject
 private slots:
     void draw_hasTheDesignsRadii()
     {
-        // At 100 pixels a point: 1.8; 4.68 and 7.56, half the line to each side.
+        // At 100 pixels per point: 1.8, then 4.68 and 7.56 with half the line width on each side.
         const QImage image = drawn(QSize(18, 18), QRectF(0, 0, 18, 18), 100);
         const QList<int> expected{180, 403, 533, 704, 808};
         const QList<int> edges = edgesToTheRight(image);
@@ -92,7 +92,7 @@ private slots:
         QByteArray bytes = MenuBarIcon::svg();
         QVERIFY(bytes.contains("viewBox=\"0 0 18 18\""));
         QVERIFY(!bytes.contains("stroke"));
-        // What KDE's panels look for.
+        // KDE's panels look for these.
         QVERIFY(bytes.contains("id=\"current-color-scheme\""));
         QVERIFY(bytes.contains("class=\"ColorScheme-Text\" fill=\"currentColor\""));
         QBuffer buffer(&bytes);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/tray/BusMenu.h"
+#include "platform/linux/menu/BusMenu.h"
 
 #include <QMenu>
 #include <QSignalSpy>

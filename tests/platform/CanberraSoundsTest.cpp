@@ -7,7 +7,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// Looks only for files; nothing is played.
+/// Only looks for files; nothing is played.
 class CanberraSoundsTest : public QObject
 {
     Q_OBJECT

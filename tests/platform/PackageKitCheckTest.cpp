@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 Q_DECLARE_METATYPE(UpdateState::Failure)
 
-/// How a check for a newer version ends.
+/// The outcomes of a check for a newer version.
 class PackageKitCheckTest final : public PackageKitFixture
 {
     Q_OBJECT
@@ -191,7 +191,7 @@ private slots:
             u"/3_abcdef"_s, u"org.freedesktop.PackageKit.Transaction"_s, u"Finished"_s);
         finished.setArguments({uint{PackageKitTransaction::failed}, 7U});
         QVERIFY(stranger.send(finished));
-        // The bus passes on in order, so what is heard next came after it.
+        // The bus delivers messages in order, so by this reply the signal has been delivered.
         QVERIFY(stranger.interface()->serviceUid(stranger.baseService()).isValid());
         endStandIn();
         QTRY_VERIFY(!state().isUnderWay());
@@ -233,7 +233,7 @@ private slots:
         QFETCH(const QJsonObject, outcome);
         m_scenario[method] = QJsonArray{outcome};
         check();
-        // What is told of a version without a number is not this one.
+        // An answer without a version number does not describe the running version.
         QVERIFY(state().stage == Stage::failed || state().stage == Stage::replaced);
     }
 
@@ -258,7 +258,7 @@ private slots:
         ::kill(pid_t(m_bus.processId()), SIGCONT);
     }
 
-    // The last one: a process remembers where the bus was for as long as it lives.
+    // Must be the last test: a process never forgets the address of the bus.
     void busThatGoesAway_isTold()
     {
         m_scenario[u"RefreshCache"_s] = QJsonArray{then(u"hang"_s)};

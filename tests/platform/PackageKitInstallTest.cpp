@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 Q_DECLARE_METATYPE(UpdateState::Failure)
 
-/// How the installation of a newer version ends.
+/// The outcomes of installing a newer version.
 class PackageKitInstallTest final : public PackageKitFixture
 {
     Q_OBJECT
@@ -130,7 +130,7 @@ private slots:
 
     void sizeBeyondAllCounting_isCutToWhatCanBeCounted()
     {
-        // As a double, which JSON has for what no signed number can hold: 2^63.
+        // 2^63, which fits no signed integer, so JSON stores it as a double.
         const QJsonObject progress{{u"Status"_s, 8}, {u"DownloadSizeRemaining"_s, 0x1p63}};
         m_scenario[u"UpdatePackages"_s] = QJsonArray{
             QJsonObject{{u"progress"_s, QJsonArray{progress}}, {u"then"_s, u"hang"_s}}};

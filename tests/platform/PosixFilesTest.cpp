@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-/// A disk that is full after some bytes, as far as this process can tell.
+/// Makes the disk look full to this process after some bytes.
 class FileSizeLimit final
 {
 public:
@@ -38,12 +38,12 @@ private:
     rlimit m_before{};
 };
 
-/// As a file server lends a file to somebody: given back once the kernel asks for it (fcntl(2)).
+/// A lease on a file, like a file server's: returned when the kernel asks for it (fcntl(2)).
 class Lease final
 {
 public:
     explicit Lease(const QByteArray &path)
-        : m_descriptor(::open(path, O_RDONLY))
+        : m_descriptor(::open(path.constData(), O_RDONLY))
     {
         std::signal(SIGIO, [](int) { ::fcntl(leased, F_SETLEASE, F_UNLCK); });
         leased = m_descriptor;
@@ -86,7 +86,7 @@ private slots:
         QCOMPARE(contents(path(u"new"_s)), "whole\n");
         struct stat status {
         };
-        QCOMPARE(stat(QFile::encodeName(path(u"new"_s)), &status), 0);
+        QCOMPARE(stat(QFile::encodeName(path(u"new"_s)).constData(), &status), 0);
         QCOMPARE(status.st_mode & 0777U, 0640U);
         QCOMPARE(names(), QStringList{u"new"_s});
     }
@@ -141,9 +141,9 @@ private slots:
     void fifoWithAReader_isRefused()
     {
         const QByteArray fifo = QFile::encodeName(path(u"fifo"_s));
-        QCOMPARE(mkfifo(fifo, 0600), 0);
+        QCOMPARE(mkfifo(fifo.constData(), 0600), 0);
         QFile reader;
-        const int descriptor = ::open(fifo, O_RDONLY | O_NONBLOCK);
+        const int descriptor = ::open(fifo.constData(), O_RDONLY | O_NONBLOCK);
         QVERIFY(reader.open(descriptor, QIODevice::ReadOnly, QFile::AutoCloseHandle));
         QCOMPARE(PosixFiles().appendOrCreate(path(u"fifo"_s), "x", "x"),
                  std::optional(u"Invalid argument"_s));

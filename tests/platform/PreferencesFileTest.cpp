@@ -112,7 +112,7 @@ private slots:
 
     void unwritablePlace_keepsTheValueForTheRun()
     {
-        // A directory stands where the file should be; no permission is needed to test that.
+        // A directory in place of the file makes it unreadable even for root.
         QVERIFY(QDir().mkpath(path()));
         PreferencesFile preferences(path());
         preferences.setString(u"theme"_s, u"dark"_s);

@@ -41,7 +41,8 @@ private slots:
         for (const auto &zone : {u"Asia/Tokyo"_s, u"America/Lima"_s}) {
             zoneChanged.clear();
             link(zone, m_link + u".new"_s);
-            QVERIFY(std::rename(QFile::encodeName(m_link + u".new"_s), QFile::encodeName(m_link))
+            QVERIFY(std::rename(QFile::encodeName(m_link + u".new"_s).constData(),
+                                QFile::encodeName(m_link).constData())
                     == 0);
             QTRY_VERIFY(!zoneChanged.isEmpty());
         }
@@ -86,7 +87,7 @@ private slots:
         write(m_dir->filePath(u"other"_s));
         QVERIFY(QFile::rename(m_dir->filePath(u"other"_s), m_dir->filePath(u"another"_s)));
         QVERIFY(QFile::remove(m_dir->filePath(u"another"_s)));
-        // The kernel tells at once, so that all that there is to be read is there to be read.
+        // The kernel queues events immediately, so any event would already be readable.
         QVERIFY(!isReadable(&clock));
         QCoreApplication::processEvents();
         QVERIFY(zoneChanged.isEmpty());
@@ -113,16 +114,16 @@ private slots:
     }
 
 private:
-    /// Less than anybody can notice but the kernel.
+    /// A change that only the kernel notices.
     [[nodiscard]] static bool setTheClockByANanosecond()
     {
         timex change{};
         change.modes = ADJ_SETOFFSET | ADJ_NANO;
-        change.time.tv_usec = 1; // nanoseconds, in that mode
+        change.time.tv_usec = 1; // in nanoseconds in this mode
         return adjtimex(&change) >= 0;
     }
 
-    /// Whether anything would wake a program that sleeps until its descriptors have news.
+    /// Whether the object's descriptors would wake a sleeping program.
     [[nodiscard]] static bool isReadable(const QObject *object)
     {
         std::vector<pollfd> descriptors;

@@ -2,6 +2,7 @@
 #include "prompt/BareTextEditor.h"
 
 #include "look/Look.h"
+#include "look/TextMenu.h"
 #include "support/AppStateForTests.h"
 
 #include <QClipboard>
@@ -18,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-/// Whose owner never answers.
+/// A clipboard that counts the queries for its content.
 class UnaskedClipboard final : public QMimeData
 {
 public:
@@ -55,6 +56,7 @@ private slots:
                                                m_heights.append(height);
                                            }},
                                       m_window.get());
+        TextMenu::serve(*m_editor, *m_capabilities.compositor);
         m_editor->resize(494, 289);
         m_window->show();
         QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
@@ -208,10 +210,50 @@ private slots:
         QVERIFY(!m_editor->takeHasJustComposed());
         compose(u"ㅎ"_s, {});
         compose({}, u"하"_s);
-        QTest::keyRelease(m_editor, Qt::Key_Space); // of the key that chose it
+        QTest::keyRelease(m_editor, Qt::Key_Space); // the key that chose the candidate
         QVERIFY(!m_editor->takeHasJustComposed());
         compose({}, u"committed at once"_s);
         QVERIFY(!m_editor->takeHasJustComposed());
+    }
+
+    void composition_staysWhereItIs_atAClick()
+    {
+        QTRY_VERIFY(m_editor->hasFocus());
+        m_editor->setText(u"note "_s);
+        m_editor->moveCursor(QTextCursor::End);
+        QInputMethodEvent composing(u"한"_s, {});
+        QCoreApplication::sendEvent(m_editor, &composing);
+        QTest::mouseClick(m_editor->viewport(), Qt::LeftButton, {}, {1, 5});
+        QVERIFY(!m_editor->isComposing());
+        QCOMPARE(m_editor->text(), u"note 한"_s);
+        QCOMPARE(m_editor->textCursor().position(), 0);
+        QVERIFY(!m_editor->takeHasJustComposed());
+    }
+
+    void composition_thatTheEngineCommitsToo_isThereOnce()
+    {
+        const auto send = [this](const QString &preedit, const QString &committed) {
+            QInputMethodEvent event(preedit, {});
+            event.setCommitString(committed);
+            QCoreApplication::sendEvent(m_editor, &event);
+        };
+        send(u"한"_s, {});
+        m_editor->endComposition();
+        send({}, {});
+        send({}, u"한"_s);
+        QCOMPARE(m_editor->text(), u"한"_s);
+        send({}, u"한"_s);
+        QCOMPARE(m_editor->text(), u"한한"_s);
+        send(u"한"_s, {});
+        m_editor->endComposition();
+        send(u"하"_s, {});
+        send({}, u"한"_s);
+        QCOMPARE(m_editor->text(), u"한한한한"_s);
+        send(u"한"_s, {});
+        m_editor->endComposition();
+        QTest::keyClick(m_editor, Qt::Key_Space);
+        send({}, u"한"_s);
+        QCOMPARE(m_editor->text(), u"한한한한한 한"_s);
     }
 
     void menu_asksNobodyForTheClipboard()
@@ -316,6 +358,8 @@ private:
 
     double m_height = 0;
     QList<double> m_heights;
+    TestDesktop m_desktop;
+    Desktop m_capabilities = m_desktop.capabilities();
     std::unique_ptr<QWidget> m_window;
     BareTextEditor *m_editor = nullptr;
 };

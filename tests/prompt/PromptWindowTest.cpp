@@ -24,7 +24,7 @@ private slots:
     {
         m_place = std::make_unique<QTemporaryDir>();
         m_desktop = std::make_unique<TestDesktop>();
-        m_desktop->isComposited = false; // the window is its frame: no shadow around it
+        m_desktop->isComposited = false; // no shadow, so the window is exactly its frame
         m_state = std::make_unique<AppStateForTests>(*m_desktop);
         (*m_state)->setFolderPath(m_place->filePath(u"Journal"_s));
     }
@@ -111,7 +111,7 @@ private slots:
         QVERIFY(window() != first.data());
         QVERIFY(window()->isVisible());
         QCOMPARE(editor()->toPlainText(), QString());
-        QTRY_VERIFY(!first); // dies on a later turn
+        QTRY_VERIFY(!first); // deleted in a later iteration of the event loop
     }
 
     void escape_dropsTheNote()
@@ -134,13 +134,13 @@ private slots:
             event.setCommitString(committed);
             QCoreApplication::sendEvent(editor(), &event);
         };
-        // Some engines end the composition themselves, and pass the key on.
+        // Some engines end the composition themselves and then pass the key on.
         compose(u"ㅎ"_s, {});
         compose({}, u"하"_s);
         QTest::keyClick(editor(), Qt::Key_Escape);
         QVERIFY(m_state->promptWindow()->isVisible());
         QCOMPARE(editor()->toPlainText(), u"하"_s);
-        // Others leave it to us.
+        // Others leave that to us.
         compose(u"ㅎ"_s, {});
         QTest::keyClick(editor(), Qt::Key_Escape);
         QVERIFY(m_state->promptWindow()->isVisible());

@@ -1,38 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "look/ControlStyle.h"
-#include "look/Labels.h"
-#include "settings/SettingRow.h"
 #include "settings/SettingsView.h"
-#include "support/AppStateForTests.h"
-#include "support/TimeZone.h"
+#include "support/SettingsFixture.h"
 
 #include <QAccessible>
 #include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
 
-#include <algorithm>
-
-using namespace Qt::StringLiterals;
-
-class SettingsWindowTest final : public QObject
+class SettingsWindowTest final : public SettingsFixture
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        m_desktop = std::make_unique<TestDesktop>();
-        m_state = std::make_unique<AppStateForTests>(*m_desktop);
-        (*m_state)->showSettings();
-        QVERIFY(QTest::qWaitForWindowActive(window()));
-    }
-
-    void cleanup() { m_state.reset(); }
-
     void window_isOne_andKeepsItsPlace()
     {
         QWidget *const first = window();
@@ -158,133 +136,20 @@ private slots:
         }
     }
 
-    void typedNumber_isTakenOnReturn_andClamped_data()
+    void radios_standUnderTheirText_24Apart()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<qint64>("minutes");
-        QTest::newRow("plain") << u"25"_s << 25LL;
-        QTest::newRow("zero") << u"0"_s << 1LL;
-        QTest::newRow("too many") << u"5000"_s << 1440LL;
-        QTest::newRow("letters") << u"often"_s << 60LL;
-        QTest::newRow("beyond 64 bits") << u"99999999999999999999"_s << 60LL;
-    }
-
-    void typedNumber_isTakenOnReturn_andClamped()
-    {
-        QFETCH(QString, typed);
-        number()->selectAll();
-        QTest::keyClicks(number(), typed);
-        QCOMPARE((*m_state)->intervalMinutes(), 60);
-        QTest::keyClick(number(), Qt::Key_Return);
-        QTEST((*m_state)->intervalMinutes(), "minutes");
-        QCOMPARE(number()->text(), QLocale::system().toString((*m_state)->intervalMinutes()));
-    }
-
-    void editedNumber_isTakenWhenTheFocusGoes_anUneditedOneIsNot()
-    {
-        number()->setFocus();
-        QTest::keyClick(number(), Qt::Key_Tab);
-        QCOMPARE(m_desktop->writes, 0);
-        number()->setFocus();
-        number()->selectAll();
-        QTest::keyClicks(number(), u"30"_s);
-        QTest::keyClick(number(), Qt::Key_Tab);
-        QCOMPARE((*m_state)->intervalMinutes(), 30);
-        QCOMPARE(m_desktop->writes, 1);
-    }
-
-    void editedNumber_isTakenWhenTheWindowCloses()
-    {
-        number()->setFocus();
-        number()->selectAll();
-        QTest::keyClicks(number(), u"30"_s);
-        QTest::keyClick(number(), Qt::Key_W, Qt::ControlModifier);
-        QVERIFY(!window()->isVisible());
-        QCOMPARE((*m_state)->intervalMinutes(), 30);
-        QCOMPARE(m_desktop->writes, 1);
-    }
-
-    void stepper_stepsByFive_andClamps()
-    {
-        const auto press = [this](const char *name, qint64 from) {
-            (*m_state)->setIntervalMinutes(from);
-            QCoreApplication::processEvents();
-            QTest::mouseClick(named<QAbstractButton>(QLatin1String(name)), Qt::LeftButton);
-            return (*m_state)->intervalMinutes();
-        };
-        QCOMPARE(press("Increase", 1), 6);
-        QCOMPARE(press("Increase", 6), 11);
-        QCOMPARE(press("Increase", 1438), 1440);
-        QCOMPARE(press("Increase", 1440), 1440);
-        QCOMPARE(press("Decrease", 3), 1);
-        QCOMPARE(press("Decrease", 60), 55);
-    }
-
-    void stepper_atAnEnd_doesNothing()
-    {
-        for (const auto &[name, end] : {std::pair("Increase", 1440), std::pair("Decrease", 1)}) {
-            (*m_state)->setIntervalMinutes(end);
-            QCoreApplication::processEvents();
-            const int writes = m_desktop->writes;
-            QTest::mouseClick(named<QAbstractButton>(QLatin1String(name)), Qt::LeftButton);
-            QCOMPARE((*m_state)->intervalMinutes(), end);
-            QCOMPARE(m_desktop->writes, writes);
+        const auto radios = window()->findChildren<QRadioButton *>();
+        const QImage picture = window()->grab().toImage();
+        const int left = placeOf(*label(u"Choose how Tovla looks"_s)).left();
+        int previous = 0;
+        for (const QRadioButton *const radio : radios) {
+            QVERIFY(radio->height() >= 24);
+            const QRect place = placeOf(*radio);
+            QCOMPARE(picture.pixelColor(left - 1, place.center().y()), QColor(0xECECEC));
+            QVERIFY(picture.pixelColor(left + 1, place.center().y()) != QColor(0xECECEC));
+            QVERIFY(previous == 0 || place.center().y() - previous == 24);
+            previous = place.center().y();
         }
-    }
-
-    void stepper_takesWhatWasTypedFirst()
-    {
-        const auto typed = [this](const QString &text) {
-            number()->setFocus();
-            number()->selectAll();
-            QTest::keyClicks(number(), text);
-            QTest::mouseClick(named<QAbstractButton>(u"Increase"_s), Qt::LeftButton);
-            return (*m_state)->intervalMinutes();
-        };
-        QCOMPARE(typed(u"30"_s), 35);
-        QCOMPARE(m_desktop->writes, 2);
-        QCOMPARE(typed(u"5000"_s), 1440);
-        QCOMPARE(m_desktop->writes, 3); // taken, and then at its end
-        QCOMPARE(typed(u"often"_s), 1440);
-        QCOMPARE(number()->text(), QLocale::system().toString(1440));
-    }
-
-    void stepper_hasKeys()
-    {
-        QWidget *const stepper = named<QAbstractButton>(QLatin1String("Increase"))->parentWidget();
-        stepper->setFocus();
-        QTest::keyClick(stepper, Qt::Key_Up);
-        QCOMPARE((*m_state)->intervalMinutes(), 65);
-        QTest::keyClick(stepper, Qt::Key_Down);
-        QCOMPARE((*m_state)->intervalMinutes(), 60);
-    }
-
-    void unit_isSingularAtOne()
-    {
-        QVERIFY(label(u"minutes"_s));
-        (*m_state)->setIntervalMinutes(1);
-        QTRY_VERIFY(label(u"minute"_s));
-        (*m_state)->setIntervalMinutes(2);
-        QTRY_VERIFY(label(u"minutes"_s));
-    }
-
-    void nextPrompt_isShownOnlyWhenThereIsOne()
-    {
-        QVERIFY(!label(u"next at"_s)->isVisible());
-        (*m_state)->setFolderPath(u"/tmp/Journal"_s);
-        QTRY_VERIFY(label(u"next at"_s)->isVisible());
-        QVERIFY(label(u"11:05"_s)); // 09:05 UTC and an hour, in Berlin
-        (*m_state)->setFolderPath(QString());
-        QTRY_VERIFY(!label(u"next at"_s)->isVisible());
-    }
-
-    void nextPrompt_isShownInTheZoneOfNow()
-    {
-        const TimeZone berlin("Europe/Berlin");
-        (*m_state)->setFolderPath(u"/tmp/Journal"_s);
-        QTRY_VERIFY(label(u"11:05"_s));
-        m_desktop->setZone("Asia/Tokyo");
-        QTRY_VERIFY(label(u"19:05"_s));
     }
 
     void radios_chooseTheTheme()
@@ -337,18 +202,6 @@ private slots:
         QCOMPARE(picture(), plain);
     }
 
-    void nextPrompt_isWordedAnew_whenTheLocaleChanges()
-    {
-        (*m_state)->setFolderPath(u"/tmp/Journal"_s);
-        QTRY_VERIFY(label(u"11:05"_s));
-        // The toolkit reads the locale anew only on some platforms, so another wording is put
-        // there.
-        label(u"11:05"_s)->setText(u"11.05"_s);
-        QEvent change(QEvent::LocaleChange);
-        QCoreApplication::sendEvent(qApp, &change);
-        QVERIFY(label(u"11:05"_s));
-    }
-
     void popUp_hasItsNameForAScreenReader()
     {
         auto *const popUp = window()->findChild<QComboBox *>();
@@ -368,57 +221,6 @@ private slots:
         m_desktop->setColorScheme(ColorScheme::Dark);
         QTRY_COMPARE(backgroundColor(), QColor(0x323232));
     }
-
-private:
-    template <typename Widget>
-    [[nodiscard]] Widget *named(const QString &accessibleName) const
-    {
-        for (Widget *const each : window()->findChildren<Widget *>()) {
-            if (each->accessibleName() == accessibleName) {
-                return each;
-            }
-        }
-        return nullptr;
-    }
-    [[nodiscard]] QLineEdit *number() const { return named<QLineEdit>(u"Prompt Frequency"_s); }
-    [[nodiscard]] QWidget *window() const { return m_state->settingsWindow(); }
-    [[nodiscard]] QPushButton *button() const { return window()->findChild<QPushButton *>(); }
-    [[nodiscard]] ElidedLabel *path() const
-    {
-        return window()->findChildren<ElidedLabel *>().constLast();
-    }
-    /// In the window.
-    static QRect placeOf(const QWidget &widget)
-    {
-        return {widget.mapTo(widget.window(), QPoint()), widget.size()};
-    }
-    static QRect faceOf(const QWidget &control)
-    {
-        return placeOf(control).marginsRemoved(ControlStyle::overhang);
-    }
-    [[nodiscard]] SettingRow *rowAt(const QRect &place) const
-    {
-        const auto rows = window()->findChildren<SettingRow *>();
-        const auto found = std::ranges::find_if(
-            rows, [&](const SettingRow *row) { return placeOf(*row).contains(place); });
-        return found == rows.end() ? nullptr : *found;
-    }
-    [[nodiscard]] QLabel *label(const QString &text) const
-    {
-        for (QLabel *const each : window()->findChildren<QLabel *>()) {
-            if (each->text() == text) {
-                return each;
-            }
-        }
-        return nullptr;
-    }
-    [[nodiscard]] QColor backgroundColor() const
-    {
-        return window()->grab().toImage().pixelColor(3, 3);
-    }
-
-    std::unique_ptr<TestDesktop> m_desktop;
-    std::unique_ptr<AppStateForTests> m_state;
 };
 
 QTEST_MAIN(SettingsWindowTest)

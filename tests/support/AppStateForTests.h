@@ -4,7 +4,7 @@
 #include "core/AppState.h"
 #include "support/TestDesktop.h"
 
-/// An AppState on a desktop made for tests, with what only its own code may do otherwise.
+/// An AppState on a test desktop, with access to private members.
 class AppStateForTests final
 {
 public:

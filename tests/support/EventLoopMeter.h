@@ -16,16 +16,16 @@
 #endif
 #endif
 
-/// How much work the main thread does at most in one turn of its event loop. Counts the thread's
-/// own processor time, so that a busy machine makes no difference.
+/// Measures the longest iteration of the main thread's event loop, in the thread's own processor
+/// time, so that a busy machine makes no difference.
 class EventLoopMeter final : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(EventLoopMeter)
 
 public:
-    /// What a turn may take at most: one of 60 frames a second. A sanitized program works several
-    /// times as much.
+    /// The limit for an iteration: one of 60 frames per second. A sanitized program needs several
+    /// times as long.
 #ifdef TOVLA_IS_SANITIZED
     static constexpr std::chrono::milliseconds frame{5 * 16};
 #else
@@ -36,7 +36,7 @@ public:
 
     void start()
     {
-        // Sent once a turn, whether it waits for events or only handles those that there are.
+        // Emitted once per iteration, whether it waits for events or only handles pending ones.
         connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, this,
                 &EventLoopMeter::endTurn, Qt::UniqueConnection);
         m_longestTurn = {};

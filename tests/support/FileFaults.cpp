@@ -55,8 +55,8 @@ int FileFaults::before(std::string_view name, int descriptor)
     return length > 0 ? before(name, target.data()) : 0;
 }
 
-// The program's own definitions come before the C library's for every library that is loaded
-// (ld.so(8), the order of look-up).
+// Definitions in the program take precedence over those in the C library, for all loaded libraries
+// (ld.so(8), symbol lookup order).
 namespace
 {
 template <typename Function>

@@ -7,28 +7,28 @@
 #include <string>
 #include <string_view>
 
-/// One call of this process on a file below the watched folder, just before it is carried out.
+/// A call by this process on a file in the watched folder, just before it is executed.
 struct FileCall {
-    /// Of the C library: "open", "stat", "renameat2".
+    /// The name of the C library function: "open", "stat", "renameat2".
     std::string_view name;
-    /// What the call names; for a call on a descriptor, the file that this leads to.
+    /// The path in the call or, for a call on a descriptor, the path of its file.
     std::string path;
 };
 
-/// Stands between this process and its calls on the files of one folder: a call may be failed, and
-/// whatever another program might do in that moment may be done. One at a time; what it does to
-/// files itself is not reported.
+/// Intercepts this process's calls on the files in a folder. The callback can make a call fail, or
+/// do what another program might do at that moment. Only one instance can exist at a time; its
+/// callback's own file operations are not reported.
 class FileFaults final
 {
 public:
-    /// Returns the errno to fail the call with, or 0 to let it through.
+    /// Returns the errno to fail the call with, or 0 to let it proceed.
     using Interference = std::function<int(const FileCall &)>;
 
     FileFaults(std::string folder, Interference interference);
     ~FileFaults();
     Q_DISABLE_COPY_MOVE(FileFaults)
 
-    /// For the calls themselves: the errno to fail with, or 0.
+    /// Called by the intercepted functions. Returns the errno to fail with, or 0.
     [[nodiscard]] static int before(std::string_view name, const char *path);
     [[nodiscard]] static int before(std::string_view name, int descriptor);
 

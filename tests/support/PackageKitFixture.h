@@ -13,8 +13,8 @@
 
 #include <memory>
 
-/// An update session over PackageKit, and a stand-in for its daemon (support/packagekit.py) on a
-/// private bus to try it against.
+/// An update session that uses PackageKit, with a stand-in for the daemon (support/packagekit.py)
+/// on a private bus.
 class PackageKitFixture : public QObject
 {
     Q_OBJECT
@@ -35,7 +35,7 @@ protected:
 
     static QJsonObject package(const QString &id, int info = 1)
     {
-        // Braces around one array would copy it, as clang reads them.
+        // With clang, braces around a single array would copy it instead of nesting it.
         QJsonArray packages;
         packages.append(QJsonArray{info, id});
         return {{QStringLiteral("packages"), packages}};
@@ -75,7 +75,7 @@ protected:
 
     void endStandIn() { end(m_standIn); }
 
-    /// The methods called so far, without the hints that come before each.
+    /// The methods called so far, without the hints before each of them.
     QStringList calls()
     {
         while (m_standIn.canReadLine()) {
@@ -120,7 +120,7 @@ private slots:
     void cleanupTestCase() { end(m_bus); }
 
 private:
-    /// Version 1.0 is installed, 1.1 is offered with notes, and installing it works.
+    /// Version 1.0 is installed, 1.1 is available with notes, and installing it works.
     static QJsonObject scenario()
     {
         const QJsonObject notes{

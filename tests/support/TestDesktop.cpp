@@ -106,14 +106,30 @@ public:
         : m_desktop(desktop)
     {
     }
+    void place(QWidget &window, const QPoint &topLeft) override { window.move(topLeft); }
     void present(QWidget &window) override
     {
         m_desktop.presented.append(&window);
+        window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
         window.show();
         window.activateWindow();
     }
     void setShadow(QWidget &, const QMargins &) override { }
     void setBlurBehind(QWidget &, const QRegion &) override { }
+
+private:
+    TestDesktop &m_desktop;
+};
+
+class NotedSession final : public Session
+{
+public:
+    explicit NotedSession(TestDesktop &desktop)
+        : m_desktop(desktop)
+    {
+    }
+    void hold(const QString &reason) override { m_desktop.sessionHold = reason; }
+    void release() override { m_desktop.sessionHold.clear(); }
 
 private:
     TestDesktop &m_desktop;
@@ -141,7 +157,7 @@ public:
     {
     }
     [[nodiscard]] ColorScheme colorScheme() const override { return m_desktop.colorScheme; }
-    [[nodiscard]] QColor accent() const override { return {}; }
+    [[nodiscard]] QColor accent() const override { return m_desktop.accent; }
     [[nodiscard]] bool wantsHighContrast() const override { return m_desktop.wantsHighContrast; }
     [[nodiscard]] bool wantsReducedMotion() const override { return m_desktop.wantsReducedMotion; }
     void windowsWillOpen() override { }
@@ -244,6 +260,7 @@ Desktop TestDesktop::capabilities()
     desktop.alerts = std::make_unique<NotedAlerts>(*this);
     desktop.sounds = std::make_unique<NotedSounds>(*this);
     desktop.windows = std::make_unique<NotedWindows>(*this);
+    desktop.session = std::make_unique<NotedSession>(*this);
     desktop.compositor = std::make_unique<TestCompositor>(*this);
     desktop.appearance = std::make_unique<TestAppearance>(*this);
     desktop.folderChooser = std::make_unique<InstantChooser>(*this);

@@ -4,15 +4,16 @@
 #include "platform/Desktop.h"
 #include "support/TestPackageManager.h"
 
+#include <QColor>
 #include <QHash>
 #include <QPointer>
 #include <QStringList>
 #include <QTimeZone>
 #include <QWidget>
 
-/// A desktop made for tests: a clock that they turn, a timer that they fire, a store in memory,
-/// alerts that are only noted, sounds that nobody hears, a chooser that answers at once.
-/// Outlives every AppState that uses it.
+/// A desktop for tests: a clock that they set, a timer that they fire, preferences in memory,
+/// alerts and sounds that are only recorded, and a folder chooser that answers immediately. Must
+/// outlive every AppState that uses it.
 class TestDesktop final
 {
 public:
@@ -27,18 +28,18 @@ public:
     ~TestDesktop();
     Q_DISABLE_COPY_MOVE(TestDesktop)
 
-    /// What an AppState is made with; to be asked for once.
+    /// For the constructor of AppState. Must be called only once.
     [[nodiscard]] Desktop capabilities();
 
     QDateTime now{QDate(2026, 11, 15), QTime(9, 5), QTimeZone::utc()};
-    /// As somebody who sets the clock while the program runs.
+    /// Sets the clock while the program is running.
     void setClock(const QDateTime &time);
     void setZone(const char *name);
 
-    /// The interval of the running timer; nothing while none runs.
+    /// The interval of the running timer; nullopt if there is none.
     std::optional<std::chrono::seconds> timerInterval;
     int timersMade = 0;
-    /// What is left of the interval, as the running timer tells it.
+    /// The remaining time that the running timer reports.
     std::chrono::seconds timerRemaining{0};
     void fireTimer() const { m_timerAction(); }
 
@@ -46,12 +47,15 @@ public:
     int writes = 0;
 
     QList<Alert> alerts;
-    /// "play Purr", "stop Purr", in the order in which it happened.
+    /// For example "play Purr" and "stop Purr", in chronological order.
     QStringList soundLog;
     QList<QPointer<QWidget>> presented;
 
-    /// There from the first AppState on.
+    /// Set once the first AppState has been created.
     QPointer<TestPackageManager> packageManager;
+
+    /// Why the session is asked to stay; empty while it is not.
+    QString sessionHold;
 
     bool canRestart = true;
     int restarts = 0;
@@ -60,10 +64,12 @@ public:
     void setComposited(bool composited);
     ColorScheme colorScheme = ColorScheme::Light;
     void setColorScheme(ColorScheme scheme);
+    /// Invalid while the desktop has none.
+    QColor accent;
     bool wantsReducedMotion = true;
     bool wantsHighContrast = false;
 
-    /// What the chooser answers; the empty text cancels.
+    /// The chooser's answer; if empty, the user cancels.
     QString chosenFolder;
     int choosersOpened = 0;
     QString chooserPrompt;

@@ -8,8 +8,8 @@
 
 #include <utility>
 
-/// A package manager made for tests: it answers at once, or when they say so, and notes what is
-/// asked of it.
+/// A package manager for tests. It answers immediately or when told to, and records the calls to
+/// it.
 class TestPackageManager final : public PackageManager
 {
     Q_OBJECT
@@ -27,18 +27,18 @@ public:
                 .source = QStringLiteral("home")};
     }
 
-    /// What is installed, and what the sources have.
+    /// The installed package, and the newer one in the sources.
     std::optional<Package> installed;
     std::optional<Package> newer;
     QString notes;
     QList<Change> changes;
-    /// Where an installation that succeeds does nothing.
+    /// Whether a successful installation does nothing.
     bool installsNothing = false;
-    /// What goes wrong, by operation.
+    /// Failures by operation.
     QHash<QString, Outcome> outcomes;
-    /// The operation that is not answered before goOn().
+    /// The operation that is not answered until goOn().
     QString heldAt;
-    /// Whether the others are answered in a later turn of the event loop.
+    /// Whether the others are answered in a later iteration of the event loop.
     bool answersLater = false;
 
     QStringList asked;

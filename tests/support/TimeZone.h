@@ -6,7 +6,7 @@
 
 #include <ctime>
 
-/// Puts a time zone in force until the end of a test.
+/// Sets the time zone until the end of a test.
 class TimeZone final
 {
 public:

@@ -11,8 +11,8 @@
 Q_DECLARE_METATYPE(UpdateState::Failure)
 Q_DECLARE_METATYPE(PackageManager::Failure)
 
-/// An update session over a package manager made for tests, in which version 1.0 is installed and
-/// 1.1 is to be had.
+/// An update session with a test package manager, in which version 1.0 is installed and 1.1 is
+/// available.
 class UpdateSessionFixture : public QObject
 {
     Q_OBJECT

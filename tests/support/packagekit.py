@@ -1,21 +1,21 @@
 # SPDX-License-Identifier: MIT
-"""Stands in for PackageKit on the bus that DBUS_SYSTEM_BUS_ADDRESS names.
+"""A stand-in for PackageKit on the bus at DBUS_SYSTEM_BUS_ADDRESS.
 
-Its one argument is JSON: for each method, with "Simulate" for an UpdatePackages that is only
-simulated, the outcomes of its calls in order, of which the last one is repeated. An outcome has
+Its only argument is JSON: for each method ("Simulate" for a simulated UpdatePackages), the outcomes
+of its calls in order. The last one is repeated. An outcome has
 
   packages  [[info, id], ...]                  reported before the end
   detail    [update text, changelog]           of an UpdateDetail; "@much" is two megabytes
   progress  [{"Status": 8, ...}, ...]          changes of the transaction's properties
   error     [code, text]                       of an ErrorCode; the exit is 2 then
-  exit      1 unless given
+  exit      1 by default
   refusal   [error name, text]                 the method's own error instead of all that
-  then      "hang", "vanish", "cancellable"    instead of the end: say nothing more, exit, wait
-                                               for Cancel
+  then      "hang", "vanish", "cancellable"    instead of the end: send nothing more, exit, or
+                                               wait for Cancel
   destroys  true: the transaction's object is destroyed before a refusal is sent
 
-"CreateTransaction" may have the outcomes {"then": "hang"} and {"path": ...}. Each call is printed,
-after "ready", as a line: its name and arguments in JSON.
+"CreateTransaction" can have the outcomes {"then": "hang"} and {"path": ...}. After "ready", each call
+is printed on a line: its name and arguments in JSON.
 """
 import json
 import os
@@ -30,7 +30,7 @@ NAME = "org.freedesktop.PackageKit"
 TRANSACTION = NAME + ".Transaction"
 SUCCESS, FAILED, CANCELLED = 1, 2, 3
 SIMULATED = 1 << 2
-# Stands in the scenario for what would not fit an argument.
+# "@much" stands for this in the scenario, because it is too long for an argument.
 MUCH = "All work and no play.\n" * 100_000
 
 

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""The repository that the installed package follows, served where that looks for it, and what
-somebody who can alter what is served might do to it."""
+"""Serves the installed package's repository where it is expected, and can alter it as an attacker
+might."""
 import lzma
 import os
 import shutil
@@ -31,7 +31,7 @@ class Feed:
         wait_for(is_served, "the repository to be served")
 
     def serve(self, repository):
-        """Serves a copy of what has been published in that folder."""
+        """Serves a copy of the repository published in that folder."""
         for entry in self.folder.iterdir():
             shutil.rmtree(entry)
         shutil.copytree(repository, self.folder, dirs_exist_ok=True)

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The desktop's password prompt, as one without a window: polkit's own agent on a terminal."""
+"""A replacement for the desktop's password dialog: polkit's own agent on a terminal."""
 import os
 import pty
 import signal
@@ -9,7 +9,7 @@ from desktop import wait_for
 
 class PasswordAgent:
     def __init__(self, pid):
-        """Asks on behalf of that process from now on."""
+        """From now on, asks for the passwords that the process needs."""
         registered, registering = os.pipe()
         self.pid, self.terminal = pty.fork()
         if self.pid == 0:

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-""""Check for Updates…" of an installed package, by the system's own update service."""
+""""Check for Updates…" in an installed package, with the system's own update service."""
 import os
 import shutil
 import subprocess
@@ -38,7 +38,7 @@ def installed_version():
 
 
 def newest_sentence():
-    """The first of the changelog's newest section, in one line."""
+    """The first item of the changelog's newest section, on one line."""
     changelog = (ROOT / "CHANGELOG.md").read_text(encoding="utf-8")
     return " ".join(changelog.split("\n- ")[1].split())
 
@@ -63,7 +63,7 @@ class UpdatesTest(DesktopCase):
         super().setUp()
         if not installed_version().endswith(f" {OLDER}"):
             as_root("dpkg", "-i", str(OLDER_PACKAGE))
-        # Neither what an earlier test found nor what it downloaded.
+        # Removes the lists and downloads of earlier tests.
         as_root("sh", "-c", "rm -f /var/cache/apt/archives/*.deb /var/lib/apt/lists/*Release* "
                             "/var/lib/apt/lists/*Packages*")
 
@@ -110,7 +110,7 @@ class UpdatesTest(DesktopCase):
         click_button("Restart Now")
         wait_for(lambda: self.tovla.wait_for_tray_item().name != before, "a new tray item")
         self.item = self.tovla.wait_for_tray_item()
-        # As the same process, which starts from the new file.
+        # The same process, now running the new file.
         self.assertTrue(self.tovla.is_running())
         self.assertEqual(os.readlink(f"/proc/{self.tovla.process.pid}/exe"), PROGRAM)
 
@@ -167,7 +167,7 @@ class UpdatesTest(DesktopCase):
         self.addCleanup(agent.close)
         accessibility.press("Install Update")
         agent.wait_for_question()
-        accessibility.find("Waiting for authorisation…")  # its bar never stands still
+        accessibility.find("Waiting for authorisation…")  # its progress bar keeps moving
         self.desktop.screenshot(PICTURES / "waiting-for-authorisation.png")
         agent.answer("guess")
         accessibility.find("Authorisation was not given.")
@@ -185,7 +185,7 @@ class UpdatesTest(DesktopCase):
         self.expect_refusal(BADLY_SIGNED, "NO_PUBKEY", "other-key")
 
     def test_second_signature_is_no_harm(self):
-        """As while a key is exchanged for another one, which older systems do not know."""
+        """As during a change of keys, when older systems do not know the new one yet."""
         publish(self.second, TOVLA_SIGNING_KEY="attacker tovla")
         self.addCleanup(publish, self.second)
         self.feed.serve(self.second)

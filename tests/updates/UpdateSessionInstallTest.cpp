@@ -5,7 +5,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// What may happen on the way to an installation, whatever the package manager.
+/// What can happen during an installation, independent of the package manager.
 class UpdateSessionInstallTest final : public UpdateSessionFixture
 {
     Q_OBJECT
@@ -98,7 +98,7 @@ private slots:
         m_session->install();
         QCOMPARE(state().stage, Stage::available);
         QCOMPARE(state().otherPackages, (QStringList{u"browser"_s, u"editor"_s}));
-        // What was shown is not what would change now.
+        // The changes are no longer those that were shown.
         m_packages->changes.append({u"kernel"_s});
         m_session->install();
         QCOMPARE(state().stage, Stage::available);
@@ -126,7 +126,7 @@ private slots:
         m_packages->tell({.step = Step::downloading, .allowsCancel = true});
         m_session->cancel();
         QCOMPARE(m_packages->asked.constLast(), u"cancel"_s);
-        // It may be too late, so the end of it is waited for.
+        // It may be too late to cancel, so the session waits for the outcome.
         QCOMPARE(state().stage, Stage::downloading);
         m_packages->goOn();
         QCOMPARE(state(), UpdateState());

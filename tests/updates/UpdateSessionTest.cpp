@@ -9,7 +9,7 @@ const QStringList wholeCheck{u"findPackageOf"_s, u"refreshSources"_s, u"findNewe
                              u"readReleaseNotes"_s};
 } // namespace
 
-/// What the answers to a check mean, whatever the package manager.
+/// How the answers to a check are interpreted, independent of the package manager.
 class UpdateSessionTest final : public UpdateSessionFixture
 {
     Q_OBJECT

@@ -18,7 +18,7 @@ namespace
 AppState *shared = nullptr;
 } // namespace
 
-/// The window of the updates, over a package manager made for tests.
+/// The update window with a test package manager.
 class UpdaterControllerTest final : public QObject
 {
     Q_OBJECT
@@ -176,7 +176,7 @@ private slots:
         QTest::keyClick(window(), Qt::Key_Return);
         QCoreApplication::processEvents();
         QCOMPARE(m_desktop->restarts, 0);
-        m_state->promptWindow()->close(); // as its close button does
+        m_state->promptWindow()->close(); // like its close button
         QTRY_COMPARE(m_desktop->restarts, 1);
     }
 
@@ -187,7 +187,7 @@ private slots:
         (*m_state)->showPrompt();
         QTest::keyClick(window(), Qt::Key_Return);
         m_state->promptWindow()->close();
-        (*m_state)->showPrompt(); // before the restart could come
+        (*m_state)->showPrompt(); // before the restart can happen
         QCoreApplication::processEvents();
         QCOMPARE(m_desktop->restarts, 0);
         m_state->promptWindow()->close();
@@ -237,7 +237,7 @@ private slots:
         QMetaObject::invokeMethod(
             &packages(), [this] { packages().goOn(); }, Qt::QueuedConnection);
         QTRY_VERIFY(window()->findChild<QPlainTextEdit *>()->isVisible());
-        // The turn that lays out and paints it is over when others have come.
+        // After further iterations, the one that lays out and paints the text is certainly over.
         const int turns = meter.turns();
         QTRY_VERIFY(meter.turns() > turns + 3);
         QVERIFY2(meter.longestTurn() < EventLoopMeter::frame,

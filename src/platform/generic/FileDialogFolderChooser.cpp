@@ -13,7 +13,7 @@ void FileDialogFolderChooser::choose(QWidget &parent, const QString &prompt,
     }
     m_dialog = new QFileDialog(&parent);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
-    // Looks as its parent does, also when that changes while it is open.
+    // Keeps the look of its parent, even if that changes while the dialog is open.
     m_dialog->setAttribute(Qt::WA_WindowPropagation);
     m_dialog->setFileMode(QFileDialog::Directory);
     m_dialog->setOption(QFileDialog::ShowDirsOnly);
@@ -24,7 +24,7 @@ void FileDialogFolderChooser::choose(QWidget &parent, const QString &prompt,
                              chosen(path);
                          }
                      });
-    // Openbox for one does not give the focus back to a window that is not in the taskbar.
+    // Some window managers, such as Openbox, do not return focus to a window outside the taskbar.
     QObject::connect(m_dialog, &QDialog::finished, &parent, [this, &parent] {
         if (parent.isVisible()) {
             m_windows.present(parent);

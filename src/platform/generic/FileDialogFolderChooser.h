@@ -8,11 +8,11 @@
 
 class Windows;
 
-/// The desktop's own dialogue where its platform theme brings one, else the toolkit's.
-class FileDialogFolderChooser final : public FolderChooser
+/// The desktop's own dialog if its platform theme provides one, else the toolkit's.
+class FileDialogFolderChooser : public FolderChooser
 {
 public:
-    /// @p windows must outlive this.
+    /// @p windows must outlive this object.
     explicit FileDialogFolderChooser(Windows &windows)
         : m_windows(windows)
     {
@@ -20,6 +20,9 @@ public:
 
     void choose(QWidget &parent, const QString &prompt,
                 std::function<void(const QString &path)> chosen) override;
+
+protected:
+    [[nodiscard]] Windows &windows() const { return m_windows; }
 
 private:
     Windows &m_windows;

@@ -3,7 +3,8 @@
 
 #include "platform/Compositor.h"
 
-/// Nobody who would tell whether windows are composited, so that none is translucent.
+/// Assumes that there is no compositor, because there is no way to find out. No window is
+/// translucent.
 class NoCompositor final : public Compositor
 {
     Q_OBJECT

@@ -3,7 +3,7 @@
 
 #include "platform/PackageManager.h"
 
-/// No package manager that could be asked: every question is told so.
+/// No package manager: every operation fails with noService.
 class NoPackageManager final : public PackageManager
 {
     Q_OBJECT

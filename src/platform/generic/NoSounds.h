@@ -3,7 +3,7 @@
 
 #include "platform/Sounds.h"
 
-/// No sound has any name.
+/// There are no sounds.
 class NoSounds final : public Sounds
 {
 public:

@@ -3,7 +3,7 @@
 
 #include "platform/RunningCopy.h"
 
-/// Nobody who could tell of another copy, or pass on what others ask.
+/// Assumes that this is the only copy: there is no way to find another one or to receive requests.
 class OnlyCopy final : public RunningCopy
 {
     Q_OBJECT
@@ -12,8 +12,9 @@ class OnlyCopy final : public RunningCopy
 public:
     OnlyCopy() = default;
 
+    [[nodiscard]] bool wasStartedByHand() const override { return false; }
     void claim() override
     {
-        QMetaObject::invokeMethod(this, &RunningCopy::isFirst, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &RunningCopy::becameFirst, Qt::QueuedConnection);
     }
 };

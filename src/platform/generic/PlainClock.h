@@ -3,7 +3,7 @@
 
 #include "platform/Clock.h"
 
-/// The system's clock; that it was set, or the zone changed, is not noticed.
+/// The system's clock. Does not notice when the clock is set or the time zone changes.
 class PlainClock final : public Clock
 {
     Q_OBJECT

@@ -3,7 +3,7 @@
 
 #include "platform/Program.h"
 
-/// A program that is started again beside itself while it ends.
+/// Restarts the program by launching a second copy while the first one ends.
 class PlainProgram final : public Program
 {
 public:

@@ -3,8 +3,14 @@
 
 #include <QWidget>
 
+void PlainWindows::place(QWidget &window, const QPoint &topLeft)
+{
+    window.move(topLeft);
+}
+
 void PlainWindows::present(QWidget &window)
 {
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     window.show();
     window.raise();
     window.activateWindow();

@@ -3,10 +3,11 @@
 
 #include "platform/Windows.h"
 
-/// Windows as the toolkit shows them.
+/// Windows with only what the toolkit provides.
 class PlainWindows final : public Windows
 {
 public:
+    void place(QWidget &window, const QPoint &topLeft) override;
     void present(QWidget &window) override;
     void setShadow(QWidget &, const QMargins &) override { }
     void setBlurBehind(QWidget &, const QRegion &) override { }

@@ -17,19 +17,20 @@
 #include <unistd.h>
 #include <utility>
 
-// Steps return the errno that they failed with, or 0.
+// These functions return an errno value, or 0 for success.
 namespace
 {
 using namespace std::chrono_literals;
 
-// Of appending and making in turn, while another program makes and removes the file.
+// How often to try appending and creating while another program keeps creating and removing the
+// file.
 constexpr int mostRounds = 5;
 constexpr auto patienceWithLease = 1s;
 constexpr auto leaseCheck = 5ms;
-// Of links that lead to links (path_resolution(7)).
+// The limit for chains of symbolic links (path_resolution(7)).
 constexpr int mostLinks = 40;
 
-/// An open file that is closed on every way out; closing it by hand shows the error of closing.
+/// An open file that closes itself. Calling close() explicitly reveals errors.
 class Descriptor final
 {
 public:
@@ -47,7 +48,7 @@ public:
 
     [[nodiscard]] bool isOpen() const { return m_number >= 0; }
     [[nodiscard]] int number() const { return m_number; }
-    // After EINTR the descriptor is closed on Linux, and the bytes were synced before (close(2)).
+    // On Linux, EINTR leaves the descriptor closed (close(2)), and the data is already synced.
     [[nodiscard]] bool close()
     {
         return ::close(std::exchange(m_number, -1)) == 0 || errno == EINTR;
@@ -64,7 +65,7 @@ Files::Failure failure(int error)
 
 Files::Failure checkName(const QString &path)
 {
-    if (path.contains(QChar::Null)) { // the system would take it for the end
+    if (path.contains(QChar::Null)) { // the system would end the name there
         return failure(EINVAL);
     }
     return PosixFiles().isFaithful(path)
@@ -72,7 +73,7 @@ Files::Failure checkName(const QString &path)
         : std::optional(QStringLiteral("Its name is not valid UTF-8"));
 }
 
-/// What a file system answers that does not have the operation at all.
+/// Whether the error means that the file system does not support the operation.
 bool isUnsupported(int error)
 {
     return error == EINVAL || error == ENOSYS || error == EOPNOTSUPP;
@@ -80,7 +81,8 @@ bool isUnsupported(int error)
 
 int sync(const Descriptor &file)
 {
-    // The bytes are written; a disk that cannot be told to keep them is no reason to write twice.
+    // If the file system cannot sync, the data is written all the same and must not be written
+    // twice.
     return ::fsync(file.number()) == 0 || isUnsupported(errno) ? 0 : errno;
 }
 
@@ -103,14 +105,15 @@ int writeSynced(Descriptor &file, const QByteArray &bytes)
     return file.close() ? 0 : errno;
 }
 
-/// O_NONBLOCK, since opening a FIFO that nobody reads would wait for a reader. A file that a file
-/// server lends to somebody then refuses at once, though it is given back in a moment (fcntl(2),
-/// leases).
+/// Uses O_NONBLOCK, because opening a FIFO would otherwise wait for a reader. With that flag, a
+/// file leased by a file server refuses to open until the lease is returned shortly afterwards
+/// (fcntl(2), leases).
 int openAtEnd(const QByteArray &path)
 {
     const auto end = std::chrono::steady_clock::now() + patienceWithLease;
     for (;;) {
-        const int number = ::open(path, O_WRONLY | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+        const int number
+            = ::open(path.constData(), O_WRONLY | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
         if (number >= 0 || errno != EAGAIN || std::chrono::steady_clock::now() >= end) {
             return number;
         }
@@ -118,7 +121,7 @@ int openAtEnd(const QByteArray &path)
     }
 }
 
-/// ENOENT when the path leads to nothing, or no longer to the file that it led to.
+/// ENOENT if the path no longer leads to a file, or leads to a different file.
 int checkStillThere(const QByteArray &path, const Descriptor &file)
 {
     struct stat opened {
@@ -131,13 +134,13 @@ int checkStillThere(const QByteArray &path, const Descriptor &file)
     if (!S_ISREG(opened.st_mode)) {
         return EINVAL;
     }
-    if (::stat(path, &there) != 0) {
+    if (::stat(path.constData(), &there) != 0) {
         return errno;
     }
     return there.st_dev == opened.st_dev && there.st_ino == opened.st_ino ? 0 : ENOENT;
 }
 
-/// What was already written when a later step fails is never retried: @p isWritten tells.
+/// Sets @p isWritten before it writes: if a later step fails, the append must not be repeated.
 int append(const QByteArray &path, const QByteArray &bytes, bool &isWritten)
 {
     Descriptor file(openAtEnd(path));
@@ -151,12 +154,12 @@ int append(const QByteArray &path, const QByteArray &bytes, bool &isWritten)
     return writeSynced(file, bytes);
 }
 
-/// Where a new file at @p path is to be made: at the end of a link that leads nowhere.
+/// Replaces @p path with the target if it is a symbolic link, so that a new file is created there.
 int followLinks(QByteArray &path)
 {
     for (int links = 0; links < mostLinks; ++links) {
         std::array<char, PATH_MAX> target{};
-        const ssize_t length = ::readlink(path, target.data(), target.size());
+        const ssize_t length = ::readlink(path.constData(), target.data(), target.size());
         if (length < 0) {
             return errno == EINVAL || errno == ENOENT ? 0 : errno;
         }
@@ -170,7 +173,9 @@ int followLinks(QByteArray &path)
 int renameWithoutReplacing(const QByteArray &from, const QByteArray &to)
 {
 #ifdef RENAME_NOREPLACE
-    return ::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0 ? 0 : errno;
+    return ::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0
+        ? 0
+        : errno;
 #else
     Q_UNUSED(from);
     Q_UNUSED(to);
@@ -178,53 +183,53 @@ int renameWithoutReplacing(const QByteArray &from, const QByteArray &to)
 #endif
 }
 
-/// EEXIST when something is there.
+/// Fails with EEXIST if something exists at @p path.
 int renameToNothing(const QByteArray &temporary, const QByteArray &path)
 {
     const int refusal = renameWithoutReplacing(temporary, path);
     if (refusal == 0 || (refusal != EEXIST && !isUnsupported(refusal))) {
         return refusal;
     }
-    // Asked even when something is there: a network file system may remember for a minute that
-    // nothing is, and looks anew once this fails.
-    if (::link(temporary, path) == 0) {
-        ::unlink(temporary);
+    // Tried even after EEXIST: a network file system may cache for a minute that the file does not
+    // exist, and checks again once this fails.
+    if (::link(temporary.constData(), path.constData()) == 0) {
+        ::unlink(temporary.constData());
         return 0;
     }
     const bool hasLinks = errno != EPERM && !isUnsupported(errno);
     if (refusal == EEXIST || hasLinks) {
         return refusal == EEXIST ? refusal : errno;
     }
-    // Neither is known, as on FAT: nothing is better than a last look.
+    // Neither is supported, as on FAT: checking just before the rename is the best option left.
     struct stat status {
     };
-    if (::lstat(path, &status) == 0) {
+    if (::lstat(path.constData(), &status) == 0) {
         return EEXIST;
     }
-    return errno == ENOENT && ::rename(temporary, path) == 0 ? 0 : errno;
+    return errno == ENOENT && ::rename(temporary.constData(), path.constData()) == 0 ? 0 : errno;
 }
 
-/// Makes the new name itself survive a power cut. A file system that cannot do that for a
-/// directory has no better way, and the file is already in its place.
+/// Makes the new name survive a power failure. Errors are ignored: the file is already in place,
+/// and file systems that cannot sync a directory have no alternative.
 void syncDirectory(const QByteArray &folder)
 {
-    const Descriptor directory(::open(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const Descriptor directory(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (directory.isOpen()) {
         ::fsync(directory.number());
     }
 }
 
-/// EEXIST when something is there.
+/// Fails with EEXIST if something exists at @p path.
 int create(QByteArray path, const QByteArray &bytes)
 {
     if (const int error = followLinks(path)) {
         return error;
     }
-    // Beside its final place, since a rename does not cross file systems, and hidden until then.
+    // In the same folder, because a rename cannot cross file systems, and hidden until then.
     const QByteArray folder = path.first(path.lastIndexOf('/') + 1);
     const QByteArray temporary = folder + '.' + path.sliced(folder.size()) + '.'
         + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
-    Descriptor file(::open(temporary, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    Descriptor file(::open(temporary.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     if (!file.isOpen()) {
         return errno;
     }
@@ -233,7 +238,7 @@ int create(QByteArray path, const QByteArray &bytes)
         error = renameToNothing(temporary, path);
     }
     if (error != 0) {
-        ::unlink(temporary);
+        ::unlink(temporary.constData());
         return error;
     }
     syncDirectory(folder);
@@ -254,7 +259,7 @@ Files::Failure PosixFiles::ensureDirectory(const QString &path)
     const QByteArray name = QFile::encodeName(path);
     struct stat status {
     };
-    if (::stat(name, &status) == 0) {
+    if (::stat(name.constData(), &status) == 0) {
         return std::nullopt;
     }
     if (errno != ENOENT) {

@@ -3,7 +3,7 @@
 
 #include "platform/Files.h"
 
-/// Files by the calls of POSIX, and by Linux's rename that replaces nothing where it is there.
+/// Implements Files with POSIX calls and, where available, Linux's RENAME_NOREPLACE.
 class PosixFiles final : public Files
 {
 public:

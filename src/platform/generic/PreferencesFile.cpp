@@ -22,7 +22,7 @@ std::optional<QString> PreferencesFile::string(const QString &key) const
     if (!value.isValid()) {
         return std::nullopt;
     }
-    // A value with a comma that somebody typed without quotes arrives as a list.
+    // A hand-edited value with an unquoted comma is parsed as a list.
     return value.typeId() == QMetaType::QStringList ? value.toStringList().join(u", ")
                                                     : value.toString();
 }

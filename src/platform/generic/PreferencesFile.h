@@ -5,8 +5,7 @@
 
 #include <QSettings>
 
-/// The preferences as an INI file that people can read and edit; keys that the program does not
-/// know stay in it.
+/// The preferences as an INI file that people can read and edit. Unknown keys are preserved.
 class PreferencesFile final : public Preferences
 {
 public:
@@ -26,6 +25,6 @@ private:
     QSettings m_settings;
 };
 
-/// The integer that @p text begins with, after blanks and with an optional sign, or 0; also 0 when
-/// it has more digits than 64 bits hold.
+/// The integer at the start of @p text, after optional white space and an optional sign. 0 if there
+/// is none or if it does not fit 64 bits.
 [[nodiscard]] qint64 leadingInteger(const QString &text);

@@ -5,14 +5,14 @@
 
 class QPalette;
 
-/// What the toolkit's own palette tells of the desktop's look, which is whether it is dark.
+/// Derives the colour scheme from the toolkit's palette, the only setting that it reveals.
 class ToolkitAppearance : public Appearance
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(ToolkitAppearance)
 
 public:
-    /// By the background of windows.
+    /// Judged by the window background.
     [[nodiscard]] static ColorScheme schemeOf(const QPalette &palette);
 
     ToolkitAppearance();

@@ -9,9 +9,9 @@ namespace
 {
 using Clock = std::chrono::steady_clock;
 
-// QTimer counts milliseconds in 31 bits, which are 24 days.
+// QTimer counts milliseconds in 31 bits, which is 24 days.
 constexpr std::chrono::seconds longestStep = std::chrono::hours(24);
-// As far as a point in time can be.
+// Keeps the due time within the range of a time point.
 constexpr std::chrono::seconds longestInterval = std::chrono::hours(24 * 365 * 100);
 
 class ToolkitTimer final : public RepeatingTimer
@@ -49,7 +49,7 @@ private:
             return;
         }
         begin();
-        // The action may replace this timer, and with it the function that is being called.
+        // The action may destroy this timer and, with it, the function being called.
         const auto action = m_action;
         action();
     }

@@ -3,8 +3,8 @@
 
 #include "platform/Timers.h"
 
-/// The toolkit's timer, set anew as often as an interval longer than it can count takes. Whether
-/// the computer's sleep counts is the system's to decide.
+/// The toolkit's timer, restarted as often as needed for intervals beyond its range. Whether time
+/// during which the computer sleeps counts depends on the system.
 class ToolkitTimers final : public Timers
 {
 public:

@@ -1,25 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "platform/generic/ToolkitTray.h"
 
-#include "platform/generic/ToolkitAppearance.h"
+#include "platform/Appearance.h"
 
 #include <QCursor>
-#include <QEvent>
-#include <QGuiApplication>
 #include <QMenu>
-#include <QPalette>
 #include <QSystemTrayIcon>
 
-QColor ToolkitTray::foregroundOfPalette()
+QColor ToolkitTray::foregroundIn(const Appearance &appearance)
 {
-    return ToolkitAppearance::schemeOf(QGuiApplication::palette()) == ColorScheme::Dark ? Qt::white
-                                                                                        : Qt::black;
+    return appearance.colorScheme() == ColorScheme::Dark ? Qt::white : Qt::black;
 }
 
-ToolkitTray::ToolkitTray(std::function<QColor()> foreground)
-    : m_foreground(std::move(foreground))
+ToolkitTray::ToolkitTray(const Appearance &appearance,
+                         std::function<QColor(const Appearance &)> foreground)
+    : m_appearance(appearance)
+    , m_foreground(std::move(foreground))
 {
-    qGuiApp->installEventFilter(this);
+    connect(&appearance, &Appearance::changed, this, &ToolkitTray::updateIcon);
 }
 
 ToolkitTray::~ToolkitTray() = default;
@@ -27,7 +25,7 @@ ToolkitTray::~ToolkitTray() = default;
 void ToolkitTray::show(const Item &item)
 {
     m_item = item;
-    m_icon = std::make_unique<QSystemTrayIcon>(item.icon(m_foreground()));
+    m_icon = std::make_unique<QSystemTrayIcon>(item.icon(m_foreground(m_appearance)));
     m_icon->setToolTip(item.title);
     m_icon->setContextMenu(item.menu);
     connect(m_icon.get(), &QSystemTrayIcon::activated, this,
@@ -39,10 +37,9 @@ void ToolkitTray::show(const Item &item)
     m_icon->show();
 }
 
-bool ToolkitTray::eventFilter(QObject *watched, QEvent *event)
+void ToolkitTray::updateIcon()
 {
-    if (m_icon && watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange) {
-        m_icon->setIcon(m_item.icon(m_foreground()));
+    if (m_icon) {
+        m_icon->setIcon(m_item.icon(m_foreground(m_appearance)));
     }
-    return false;
 }

@@ -5,30 +5,33 @@
 
 #include <memory>
 
+class Appearance;
 class QSystemTrayIcon;
 
-/// The toolkit's tray icon, with the menu that we draw. The toolkit decides for good, when the
-/// first one is made, how it reaches the desktop, and may ask other programs and wait for their
-/// answers.
+/// The toolkit's tray icon, with the menu drawn by us. When the first icon is created, the toolkit
+/// chooses a tray protocol for good, and may block on answers from other programs.
 class ToolkitTray final : public Tray
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(ToolkitTray)
 
 public:
-    /// In which a picture is seen well on a panel whose look follows the toolkit's palette.
-    [[nodiscard]] static QColor foregroundOfPalette();
+    /// A colour with good contrast on a panel of that look.
+    [[nodiscard]] static QColor foregroundIn(const Appearance &appearance);
 
-    /// @p foreground tells the colour of the icon, now and whenever the palette has changed.
-    explicit ToolkitTray(std::function<QColor()> foreground = &foregroundOfPalette);
+    /// @p foreground returns the icon's colour, again whenever @p appearance changes; it must
+    /// outlive this object.
+    explicit ToolkitTray(const Appearance &appearance,
+                         std::function<QColor(const Appearance &)> foreground = &foregroundIn);
     ~ToolkitTray() override;
 
     void show(const Item &item) override;
 
 private:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    void updateIcon();
 
-    std::function<QColor()> m_foreground;
+    const Appearance &m_appearance;
+    std::function<QColor(const Appearance &)> m_foreground;
     Item m_item;
     std::unique_ptr<QSystemTrayIcon> m_icon;
 };

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Desktop.h"
-#include "platform/generic/FileDialogFolderChooser.h"
-#include "platform/generic/MessageBoxAlerts.h"
 #include "platform/generic/PosixFiles.h"
 #include "platform/generic/PreferencesFile.h"
 #include "platform/linux/bus/BusRunningCopy.h"
 #include "platform/linux/bus/PortalAppearance.h"
+#include "platform/linux/bus/PortalFolderChooser.h"
+#include "platform/linux/bus/PortalSession.h"
 #include "platform/linux/kernel/BootTimeTimers.h"
 #include "platform/linux/kernel/LinuxProgram.h"
 #include "platform/linux/kernel/SystemClock.h"
@@ -14,10 +14,14 @@
 #include "platform/linux/tray/LinuxTray.h"
 #include "platform/linux/x11/X11Compositor.h"
 #include "platform/linux/x11/X11Windows.h"
+#include "platform/linux/xsettings/ThemeAppearance.h"
+#include "platform/linux/xsettings/X11Scale.h"
 
 void Desktop::prepare()
 {
     LinuxProgram::prepare();
+    BusRunningCopy::prepare();
+    X11Scale::adopt();
 }
 
 Desktop Desktop::ofThisPlatform()
@@ -25,17 +29,17 @@ Desktop Desktop::ofThisPlatform()
     Desktop desktop;
     desktop.program = std::make_unique<LinuxProgram>();
     desktop.runningCopy = std::make_unique<BusRunningCopy>();
-    desktop.tray = std::make_unique<LinuxTray>();
     desktop.clock = std::make_unique<SystemClock>();
     desktop.timers = std::make_unique<BootTimeTimers>();
     desktop.files = std::make_unique<PosixFiles>();
     desktop.preferences = std::make_unique<PreferencesFile>(PreferencesFile::userPath());
     desktop.sounds = std::make_unique<CanberraSounds>();
     desktop.windows = std::make_unique<X11Windows>();
-    desktop.alerts = std::make_unique<MessageBoxAlerts>(*desktop.windows);
     desktop.compositor = std::make_unique<X11Compositor>();
-    desktop.appearance = std::make_unique<PortalAppearance>();
-    desktop.folderChooser = std::make_unique<FileDialogFolderChooser>(*desktop.windows);
+    desktop.appearance = std::make_unique<PortalAppearance>(std::make_unique<ThemeAppearance>());
+    desktop.tray = std::make_unique<LinuxTray>(*desktop.appearance);
+    desktop.folderChooser = std::make_unique<PortalFolderChooser>(*desktop.windows);
+    desktop.session = std::make_unique<PortalSession>();
     desktop.packageManager = std::make_unique<PackageKit>();
     return desktop;
 }

@@ -7,11 +7,11 @@
 
 #include <functional>
 
-/// Questions to other programs on a bus that never make anybody wait.
+/// Non-blocking calls to other programs on a bus.
 namespace Bus
 {
-/// Sends @p call; @p answered gets the reply or the error later, unless @p context dies first.
-/// Only to be used while @p bus is connected: a dead connection would never answer.
+/// Sends @p call and later passes the reply or error to @p answered, unless @p context is deleted
+/// first. @p bus must be connected: on a dead connection there would never be an answer.
 void ask(const QDBusConnection &bus, const QDBusMessage &call, QObject *context,
          std::function<void(const QDBusMessage &reply)> answered, int timeoutMilliseconds = -1);
 } // namespace Bus

@@ -12,26 +12,44 @@ namespace
 {
 const QString name = QStringLiteral("org.tovla.Tovla");
 const QString path = QStringLiteral("/org/tovla/Tovla");
-// A copy that is alive answers in milliseconds; one that was stopped keeps the name for ever.
+// A running copy answers within milliseconds, but a suspended one keeps the name indefinitely.
 constexpr std::chrono::milliseconds patience = std::chrono::seconds(3);
 
-// What org.freedesktop.DBus.RequestName takes and answers.
+// A flag and a result of org.freedesktop.DBus.RequestName.
 constexpr uint doNotQueue = 4;
 constexpr uint isOwnedByAnother = 3;
+
+bool wasStartedByBus()
+{
+    return qEnvironmentVariableIsSet("DBUS_STARTER_BUS_TYPE");
+}
+
+QString &startupId()
+{
+    static QString id;
+    return id;
+}
 } // namespace
 
+void BusRunningCopy::prepare()
+{
+    startupId() = qEnvironmentVariable("DESKTOP_STARTUP_ID");
+}
+
 BusRunningCopy::BusRunningCopy()
-    : m_wasStartedByBus(qEnvironmentVariableIsSet("DBUS_STARTER_BUS_TYPE"))
+    : m_wasStartedByHand(wasStartedByBus() || qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN")
+                         || !startupId().isEmpty())
+    , m_ignoresNextActivation(wasStartedByBus())
 {
 }
 
 void BusRunningCopy::claim()
 {
     if (!QDBusConnection::sessionBus().isConnected()) {
-        QMetaObject::invokeMethod(this, &RunningCopy::isFirst, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &RunningCopy::becameFirst, Qt::QueuedConnection);
         return;
     }
-    // Before the name, so that whoever finds the name finds the object.
+    // Registered before the name, so that the object exists as soon as the name does.
     QDBusConnection::sessionBus().registerObject(path, this, QDBusConnection::ExportAllSlots);
     auto request = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
@@ -42,7 +60,7 @@ void BusRunningCopy::claim()
         if (reply.type() == QDBusMessage::ReplyMessage && outcome == isOwnedByAnother) {
             askOtherToComeForward();
         } else {
-            emit isFirst();
+            emit becameFirst();
         }
     });
 }
@@ -51,15 +69,14 @@ void BusRunningCopy::askOtherToComeForward()
 {
     auto activate = QDBusMessage::createMethodCall(
         name, path, QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
-    activate << QVariantMap{
-        {QStringLiteral("desktop-startup-id"), qEnvironmentVariable("DESKTOP_STARTUP_ID")}};
+    activate << QVariantMap{{QStringLiteral("desktop-startup-id"), startupId()}};
     Bus::ask(
         QDBusConnection::sessionBus(), activate, this,
         [this](const QDBusMessage &reply) {
             if (reply.type() == QDBusMessage::ErrorMessage) {
-                emit isStuck();
+                emit foundUnresponsive();
             } else {
-                emit isAnother();
+                emit foundAnother();
             }
         },
         static_cast<int>(patience.count()));
@@ -67,25 +84,20 @@ void BusRunningCopy::askOtherToComeForward()
 
 void BusRunningCopy::Activate(const QVariantMap &)
 {
-    if (!isTheLaunchItself()) {
+    if (!std::exchange(m_ignoresNextActivation, false)) {
         emit activated();
     }
 }
 
 void BusRunningCopy::Open(const QStringList &, const QVariantMap &)
 {
-    // The desktop entry names no kind of file, so there is nothing that could be meant.
+    // The desktop entry declares no file types, so there is nothing to open.
     emit activated();
 }
 
 void BusRunningCopy::ActivateAction(const QString &action, const QVariantList &,
                                     const QVariantMap &)
 {
-    m_wasStartedByBus = false;
+    m_ignoresNextActivation = false;
     emit actionRequested(action);
-}
-
-bool BusRunningCopy::isTheLaunchItself()
-{
-    return std::exchange(m_wasStartedByBus, false);
 }

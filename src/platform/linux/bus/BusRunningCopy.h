@@ -5,8 +5,8 @@
 
 #include <QVariantMap>
 
-/// The copy that owns the session bus name org.tovla.Tovla. Where there is no session bus, every
-/// copy takes itself for the first.
+/// The first copy is the one that owns the session bus name org.tovla.Tovla. Without a session bus,
+/// every copy acts as the first.
 class BusRunningCopy final : public RunningCopy
 {
     Q_OBJECT
@@ -14,9 +14,14 @@ class BusRunningCopy final : public RunningCopy
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
+    /// To be called before the application object is created, which takes what a launcher says out
+    /// of the environment.
+    static void prepare();
+
     BusRunningCopy();
 
     void claim() override;
+    [[nodiscard]] bool wasStartedByHand() const override { return m_wasStartedByHand; }
 
 public slots: // NOLINT(readability-redundant-access-specifiers): what is exported to the bus
     /// The methods of org.freedesktop.Application (freedesktop.org, desktop entries, D-Bus
@@ -28,9 +33,8 @@ public slots: // NOLINT(readability-redundant-access-specifiers): what is export
 
 private:
     void askOtherToComeForward();
-    /// The bus starts a program only to activate it; that first call says nothing more than the
-    /// start itself did.
-    [[nodiscard]] bool isTheLaunchItself();
-
-    bool m_wasStartedByBus;
+    bool m_wasStartedByHand;
+    /// If D-Bus started the program, the first call is the activation that caused the start, which
+    /// needs no further action.
+    bool m_ignoresNextActivation;
 };

@@ -20,10 +20,10 @@ const QString colorSchemeKey = QStringLiteral("color-scheme");
 const QString accentKey = QStringLiteral("accent-color");
 const QString contrastKey = QStringLiteral("contrast");
 const QString reducedMotionKey = QStringLiteral("reduced-motion");
-// Where portals are older than the key above.
+// For portals that do not have the key above yet.
 const QString animationsKey = QStringLiteral("enable-animations");
 
-/// Read answers with a variant inside a variant.
+/// Read returns a variant inside a variant.
 QVariant unwrapped(QVariant value)
 {
     while (value.metaType() == QMetaType::fromType<QDBusVariant>()) {
@@ -32,7 +32,7 @@ QVariant unwrapped(QVariant value)
     return value;
 }
 
-/// Three numbers from 0 to 1; anything else means that there is no accent colour.
+/// Parses three numbers from 0 to 1; anything else means that there is no accent colour.
 QColor accentFrom(const QVariant &value)
 {
     if (value.metaType() != QMetaType::fromType<QDBusArgument>()) {
@@ -67,11 +67,17 @@ std::optional<ColorScheme> colorSchemeFrom(const QVariant &value)
 }
 } // namespace
 
-PortalAppearance::PortalAppearance()
+PortalAppearance::PortalAppearance(std::unique_ptr<Appearance> otherwise)
+    : m_otherwise(std::move(otherwise))
 {
-    if (!QDBusConnection::sessionBus().isConnected()) {
-        return;
+    connect(m_otherwise.get(), &Appearance::changed, this, &Appearance::changed);
+    if (QDBusConnection::sessionBus().isConnected()) {
+        connectToPortal();
     }
+}
+
+void PortalAppearance::connectToPortal()
+{
     auto bus = QDBusConnection::sessionBus();
     bus.connect(portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"),
                 this, SLOT(settingChanged(QDBusMessage)));
@@ -88,7 +94,7 @@ PortalAppearance::PortalAppearance()
 
 ColorScheme PortalAppearance::colorScheme() const
 {
-    return m_colorScheme.value_or(ToolkitAppearance::colorScheme());
+    return m_colorScheme.value_or(m_otherwise->colorScheme());
 }
 
 void PortalAppearance::readColorScheme()

@@ -1,23 +1,25 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/generic/ToolkitAppearance.h"
+#include "platform/Appearance.h"
 
 #include <QDBusMessage>
 #include <QVariant>
 
+#include <memory>
 #include <optional>
 
-/// What the desktop's settings portal tells of the user's taste (org.freedesktop.appearance), kept
-/// current by its signal. While there is no portal, or no answer yet, the palette tells light from
-/// dark.
-class PortalAppearance final : public ToolkitAppearance
+/// The appearance settings from the desktop's settings portal (org.freedesktop.appearance), updated
+/// by its signal. Without a portal, or until it answers, the toolkit's palette determines whether
+/// the desktop is light or dark.
+class PortalAppearance final : public Appearance
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(PortalAppearance)
 
 public:
-    PortalAppearance();
+    /// @p otherwise tells what the portal does not.
+    explicit PortalAppearance(std::unique_ptr<Appearance> otherwise);
 
     [[nodiscard]] ColorScheme colorScheme() const override;
     [[nodiscard]] QColor accent() const override { return m_accent; }
@@ -32,13 +34,15 @@ private slots:
     void settingChanged(const QDBusMessage &message);
 
 private:
+    void connectToPortal();
     void readColorScheme();
     void readRest();
     void read(const QString &space, const QString &key);
     void take(const QString &key, const QVariant &value);
 
-    /// Nothing while the portal has no preference or has not answered.
+    /// nullopt if the portal has no preference or has not answered yet.
     std::optional<ColorScheme> m_colorScheme;
+    std::unique_ptr<Appearance> m_otherwise;
     QColor m_accent;
     bool m_wantsHighContrast = false;
     bool m_wantsReducedMotion = false;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/kernel/BootTimeTimers.h"
 
+#include "platform/generic/ToolkitTimers.h"
+
 #include <QSocketNotifier>
 
 #include <sys/timerfd.h>
@@ -11,8 +13,9 @@ namespace
 class BootTimeTimer final : public RepeatingTimer
 {
 public:
-    BootTimeTimer(std::chrono::seconds interval, std::function<void()> action)
-        : m_descriptor(timerfd_create(CLOCK_BOOTTIME, TFD_NONBLOCK | TFD_CLOEXEC))
+    /// @p descriptor is a kernel timer's, owned by this object from now on.
+    BootTimeTimer(int descriptor, std::chrono::seconds interval, std::function<void()> action)
+        : m_descriptor(descriptor)
         , m_notifier(m_descriptor, QSocketNotifier::Read)
         , m_interval(interval)
         , m_action(std::move(action))
@@ -55,10 +58,10 @@ private:
             return;
         }
         if (intervalsPassed > 1) {
-            // The kernel would keep the old phase, and the next call would come early.
+            // Otherwise the kernel would keep its schedule, and the next call would come early.
             arm();
         }
-        // The action may replace this timer, and with it the function that is being called.
+        // The action may destroy this timer and, with it, the function being called.
         const auto action = m_action;
         action();
     }
@@ -73,5 +76,10 @@ private:
 std::unique_ptr<RepeatingTimer> BootTimeTimers::repeat(std::chrono::seconds interval,
                                                        std::function<void()> action)
 {
-    return std::make_unique<BootTimeTimer>(interval, std::move(action));
+    const int descriptor = timerfd_create(CLOCK_BOOTTIME, TFD_NONBLOCK | TFD_CLOEXEC);
+    if (descriptor < 0) {
+        // No descriptor is left. Prompts that do not count sleep are better than none.
+        return ToolkitTimers().repeat(interval, std::move(action));
+    }
+    return std::make_unique<BootTimeTimer>(descriptor, interval, std::move(action));
 }

@@ -3,8 +3,9 @@
 
 #include "platform/Timers.h"
 
-/// Timers of the kernel on CLOCK_BOOTTIME, which counts the computer's sleep (timerfd_create(2)).
-/// QTimer would count milliseconds in 32 bits, so intervals over 24 days would come early.
+/// Kernel timers on CLOCK_BOOTTIME, which includes time during which the computer sleeps
+/// (timerfd_create(2)). QTimer counts milliseconds in 32 bits, so intervals over 24 days would end
+/// early.
 class BootTimeTimers final : public Timers
 {
 public:

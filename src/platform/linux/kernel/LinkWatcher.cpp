@@ -17,7 +17,7 @@ LinkWatcher::LinkWatcher(const QString &path, QObject *parent)
     , m_descriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
 {
     if (m_descriptor < 0) {
-        return; // others watch all that may be watched
+        return; // the user's inotify limit has been reached
     }
     watch();
     m_notifier = new QSocketNotifier(m_descriptor, QSocketNotifier::Read, this);
@@ -41,7 +41,7 @@ void LinkWatcher::watch()
     m_watch = inotify_add_watch(m_descriptor, m_folder.constData(),
                                 IN_CREATE | IN_MOVED_TO | IN_ONLYDIR);
     const int folderWatch = m_watch;
-    m_isThere = watchLink(); // it may have appeared just before
+    m_isThere = watchLink(); // the link may have appeared just before
     if (m_isThere) {
         inotify_rm_watch(m_descriptor, folderWatch);
     }
@@ -49,7 +49,7 @@ void LinkWatcher::watch()
 
 bool LinkWatcher::watchLink()
 {
-    // The number of names is an attribute: it falls when another link takes this one's.
+    // IN_ATTRIB includes the link count, which decreases when another link replaces this one.
     const int added = inotify_add_watch(m_descriptor, m_path.constData(),
                                         IN_ATTRIB | IN_MOVE_SELF | IN_DELETE_SELF | IN_CLOSE_WRITE
                                             | IN_DONT_FOLLOW);
@@ -72,7 +72,7 @@ void LinkWatcher::takeEvents()
     }
 }
 
-/// Reads all that there is to read.
+/// Reads all pending events.
 bool LinkWatcher::hasNews() const
 {
     bool isNews = false;
@@ -82,7 +82,7 @@ bool LinkWatcher::hasNews() const
         for (ssize_t position = 0; position < size;) {
             inotify_event event{};
             std::memcpy(&event, buffer.data() + position, sizeof event);
-            // A watch that was given up still says so.
+            // A removed watch still sends a last event.
             const bool isOver = event.wd != m_watch || (event.mask & IN_IGNORED) != 0;
             isNews = isNews || !isOver || (event.mask & IN_Q_OVERFLOW) != 0;
             position += ssize_t{sizeof event} + event.len;

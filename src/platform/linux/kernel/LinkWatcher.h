@@ -5,8 +5,9 @@
 
 class QSocketNotifier;
 
-/// Tells when a link, not what it leads to, is replaced, removed or made; a file in its place also
-/// when it is written. Other files of its folder wake nobody, unless the link is missing.
+/// Signals when a symbolic link itself, not its target, is replaced, removed or created; for a
+/// regular file in its place, also when that is written. Other files in the folder do not wake the
+/// program, unless the link is missing.
 class LinkWatcher final : public QObject
 {
     Q_OBJECT

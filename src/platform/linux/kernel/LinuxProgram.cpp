@@ -8,6 +8,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <malloc.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
@@ -33,7 +34,7 @@ QString &ownPath()
 bool isRestartWanted = false;
 bool isEnding = false;
 
-/// Notes that the program has been told to end, by its menu, by the session or by us.
+/// Notices when the program is asked to quit, by its menu, by the session or by us.
 class EndWatcher final : public QObject
 {
 public:
@@ -47,7 +48,7 @@ protected:
     }
 };
 
-/// A saved session would start Tovla beside the one that the user has started at login.
+/// A saved session would start Tovla in addition to the copy that the user starts at login.
 void stayOutOfSavedSessions()
 {
     const auto neverRestart
@@ -70,22 +71,38 @@ void endOnSignals()
         QCoreApplication::exit(0);
     });
 }
+
+/// Until the application object exists: without a display the toolkit would explain itself in
+/// several lines and end with a core dump.
+void endInOneLine(QtMsgType type, const QMessageLogContext &, const QString &)
+{
+    if (type == QtFatalMsg) {
+        std::fputs(
+            "tovla: there is no desktop to run on: neither DISPLAY nor WAYLAND_DISPLAY leads "
+            "to one\n",
+            stderr);
+        std::_Exit(EXIT_FAILURE);
+    }
+}
 } // namespace
 
 void LinuxProgram::prepare()
 {
+    qInstallMessageHandler(endInOneLine);
     ownPath() = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
-    // Wayland lets no window place, raise or float itself; through XWayland ours can.
+    // On Wayland, windows cannot place, raise or float themselves, but through XWayland they can.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "xcb;wayland");
     }
-    // glibc raises this limit by itself to the largest piece that was freed, and then keeps the
-    // pictures of windows that are gone in its heap (mallopt(3)). Bytes.
+    // In bytes. By default, glibc raises this limit to the size of the largest freed block, and
+    // then keeps the memory of closed windows' images in its heap (mallopt(3)).
     mallopt(M_MMAP_THRESHOLD, 128 * 1024);
-    // A write beyond the user's file-size limit then fails with EFBIG instead of ending us.
+    // Makes a write beyond the user's file size limit fail with EFBIG instead of killing the
+    // program.
     std::signal(SIGXFSZ, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);
-    // Before any thread is started, since each inherits the mask; endOnRequest reads them.
+    // Must come before any thread is started, because threads inherit the mask. endOnSignals reads
+    // the signals.
     const sigset_t ending = endingSignals();
     pthread_sigmask(SIG_BLOCK, &ending, nullptr);
 }
@@ -97,7 +114,7 @@ QString LinuxProgram::path() const
 
 bool LinuxProgram::canRestart() const
 {
-    return access(QFile::encodeName(ownPath()), X_OK) == 0;
+    return access(QFile::encodeName(ownPath()).constData(), X_OK) == 0;
 }
 
 void LinuxProgram::restart()
@@ -111,12 +128,11 @@ void LinuxProgram::restart()
 int LinuxProgram::end(int exitStatus, char **argv)
 {
     if (isRestartWanted) {
-        // This closes all connections, and with them frees the name of the one running copy before
-        // the new one, which has to greet the bus first, can ask for it.
-        // That the bus started the old one means nothing for the new one.
+        // execv closes all connections, which releases the bus name before the new program can
+        // request it. The variables only say that D-Bus started the old program.
         qunsetenv("DBUS_STARTER_BUS_TYPE");
         qunsetenv("DBUS_STARTER_ADDRESS");
-        execv(QFile::encodeName(ownPath()), argv);
+        execv(QFile::encodeName(ownPath()).constData(), argv);
         std::perror("tovla: could not be started again");
     }
     return exitStatus;
@@ -124,6 +140,7 @@ int LinuxProgram::end(int exitStatus, char **argv)
 
 LinuxProgram::LinuxProgram()
 {
+    qInstallMessageHandler(nullptr);
     qGuiApp->installEventFilter(new EndWatcher(qGuiApp));
     stayOutOfSavedSessions();
     endOnSignals();

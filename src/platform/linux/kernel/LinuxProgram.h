@@ -3,23 +3,23 @@
 
 #include "platform/Program.h"
 
-/// The program as a process of Linux: what it is from its first to its last step, and the signals
-/// and sessions that end it.
+/// The program as a Linux process: its startup and end, and the signals and sessions that end it.
 class LinuxProgram final : public Program
 {
 public:
-    /// Before the application object is made: chooses the window system, and makes sure that no
-    /// signal ends the program in the middle of a write.
+    /// Must be called before the application object is created. Chooses the window system, and
+    /// makes sure that no signal ends the program in the middle of a write.
     static void prepare();
-    /// When nothing of the application is left; does not return when a restart was asked for.
+    /// Must be called after the application object is gone. Does not return if a restart was
+    /// requested.
     [[nodiscard]] static int end(int exitStatus, char **argv);
 
-    /// From now on a wish of the system to end the program ends it through the event loop, and the
-    /// end of a session does not make the next one start it.
+    /// From now on, signals end the program through the event loop, and session managers do not
+    /// restart it in the next session.
     LinuxProgram();
 
     [[nodiscard]] QString path() const override;
     [[nodiscard]] bool canRestart() const override;
-    /// As the same process.
+    /// Restarts in the same process.
     void restart() override;
 };

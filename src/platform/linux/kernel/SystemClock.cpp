@@ -16,7 +16,7 @@ SystemClock::SystemClock(QString zonePath)
     , m_descriptor(timerfd_create(CLOCK_REALTIME, TFD_NONBLOCK | TFD_CLOEXEC))
     , m_notifier(new QSocketNotifier(m_descriptor, QSocketNotifier::Read, this))
 {
-    // A timer that never fires, and is only ever cancelled.
+    // A timer that never expires and can only be cancelled.
     itimerspec never{};
     never.it_value.tv_sec = std::numeric_limits<time_t>::max();
     timerfd_settime(m_descriptor, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &never, nullptr);
@@ -39,7 +39,7 @@ void SystemClock::takeSetting()
 
 void SystemClock::connectNotify(const QMetaMethod &signal)
 {
-    // Only what shows a time needs to know, and that is not there at the start.
+    // Only views that show a time need this, and there are none at startup.
     if (signal == QMetaMethod::fromSignal(&Clock::zoneChanged) && !m_watchesZone) {
         m_watchesZone = true;
         watchZone();

@@ -5,8 +5,8 @@
 
 class QSocketNotifier;
 
-/// The kernel's clock, which tells when it is set (timerfd_create(2), TFD_TIMER_CANCEL_ON_SET), and
-/// the system's time zone, which is a link to be replaced (localtime(5)).
+/// The kernel's clock, which signals when it is set (timerfd_create(2), TFD_TIMER_CANCEL_ON_SET),
+/// and the system's time zone, a symbolic link that is replaced to change it (localtime(5)).
 class SystemClock final : public Clock
 {
     Q_OBJECT

@@ -25,6 +25,6 @@ QString releaseNotesOfDebianChangelog(const QString &changelog)
     if (versions == 0) {
         return changelog;
     }
-    // One blank line less, and no heading where there is only one version.
+    // Drops the first blank line and, if there is only one version, its heading.
     return notes.mid(versions == 1 ? 2 : 1).join(u'\n');
 }

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-/// A changelog in Debian's format (deb-changelog(5)) as a person reads it: without what packagers
-/// write to each other, and each item in one line. Where it is about several versions, each has
-/// its number for a heading. Text in no such format is returned as it is.
+/// Converts a changelog in Debian's format (deb-changelog(5)) for users: without the information
+/// for packagers, and with each item on one line. If it describes several versions, each gets its
+/// number as a heading. Text in any other format is returned unchanged.
 [[nodiscard]] QString releaseNotesOfDebianChangelog(const QString &changelog);

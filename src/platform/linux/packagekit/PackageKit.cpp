@@ -15,7 +15,7 @@ using Transaction = PackageKitTransaction;
 using PackageKitAnswers::installation;
 using PackageKitAnswers::retrieval;
 
-// Bit fields of PackageKit: 1 << the number in PK_FILTER_ENUM and PK_TRANSACTION_FLAG_ENUM.
+// PackageKit's bit fields: 1 << the value in PK_FILTER_ENUM or PK_TRANSACTION_FLAG_ENUM.
 constexpr qulonglong filterNone = 1U << 1U;
 constexpr qulonglong filterInstalled = 1U << 2U;
 constexpr qulonglong onlyTrusted = 1U << 1U;
@@ -73,7 +73,7 @@ void PackageKit::whenConnected(std::function<void()> action)
 
 void PackageKit::connectToBus()
 {
-    // The toolkit waits for the greeting of the bus that it connects to, so that is not done here.
+    // The toolkit blocks until the bus has answered, so this is done in another thread.
     static int count = 0;
     const QString name = QStringLiteral("tovla-updates-%1").arg(++count);
     auto *const thread = QThread::create(

@@ -6,15 +6,14 @@
 
 #include <QPointer>
 
-/// Whatever package manager the system has, by way of PackageKit. Each operation is a transaction
-/// of its own.
+/// The system's package manager, accessed through PackageKit. Each operation is a transaction.
 class PackageKit final : public PackageManager
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(PackageKit)
 
 public:
-    /// Connects to nothing before the first package is looked for.
+    /// Does not connect to the bus before the first findPackageOf().
     PackageKit();
 
     void findPackageOf(const QString &path, Found found) override;
@@ -37,7 +36,7 @@ private:
 
     QDBusConnection m_bus;
     bool m_isConnecting = false;
-    /// What is done once there is a connection, or none can be had.
+    /// Called once there is a connection or connecting has failed.
     std::function<void()> m_waiting;
     QPointer<PackageKitTransaction> m_transaction;
 };

@@ -12,8 +12,8 @@ using Transaction = PackageKitTransaction;
 
 constexpr qsizetype longestNotes = 20000;
 
-/// PackageKit gives the same number to all that can be wrong with a source; what apt and gpgv say
-/// about it is always in English.
+/// PackageKit uses one error code for all problems with a source, but the messages of apt and gpgv
+/// are always in English.
 bool isAboutSignatures(const QString &text)
 {
     const QStringList words{QStringLiteral("BADSIG"), QStringLiteral("NO_PUBKEY"),
@@ -21,8 +21,8 @@ bool isAboutSignatures(const QString &text)
                             QStringLiteral("not signed")};
     return std::ranges::any_of(words, [&text](const QString &word) { return text.contains(word); });
 }
-/// Without the epoch, the packager's revision (Debian policy 5.6.12) and what packagers add to
-/// say that they have altered the sources or built them anew ("+dfsg", "+b1").
+/// Removes the epoch, the packager's revision (Debian policy 5.6.12) and suffixes for modified
+/// sources or rebuilds ("+dfsg", "+b1").
 QString upstreamVersion(const QString &packageVersion)
 {
     const qsizetype start = packageVersion.indexOf(u':') + 1;
@@ -61,7 +61,7 @@ Failure installationFailure(uint error)
     }
 }
 
-/// What an end means whatever the errand was; @p failure where it is a failure of its own.
+/// The outcome if it does not depend on the operation, else @p failure.
 PackageManager::Outcome told(const Transaction::Outcome &outcome, Failure failure)
 {
     if (outcome.isServiceGone) {
@@ -94,7 +94,8 @@ PackageManager::Progress::Step stepOf(uint status)
 PackageManager::Package PackageKitAnswers::package(const PackageKitTransaction::Package &package)
 {
     const PackageId &id = package.id;
-    // Of what is installed, how it came ("manual:", "auto:") stands before the source.
+    // For installed packages, the source follows the reason for the installation ("manual:",
+    // "auto:").
     const QString source = id.data().section(u':', -1);
     PackageManager::Package result{.id = id.text, .name = id.name(), .version = id.version()};
     result.programVersion = upstreamVersion(id.version());

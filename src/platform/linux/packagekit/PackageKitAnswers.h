@@ -4,19 +4,19 @@
 #include "platform/PackageManager.h"
 #include "platform/linux/packagekit/PackageKitTransaction.h"
 
-/// The answers of PackageKit in the words that all package managers have in common.
+/// Translates PackageKit's answers into the types of PackageManager.
 namespace PackageKitAnswers
 {
 [[nodiscard]] PackageManager::Package package(const PackageKitTransaction::Package &package);
 
 [[nodiscard]] PackageManager::Progress progress(const PackageKitTransaction::Progress &progress);
 
-/// What the source has to say about the update; nothing where it says nothing of its own.
+/// The source's notes about the update; empty if it has none.
 [[nodiscard]] QString releaseNotes(const QVariantList &updateDetail);
 
-/// How a question about versions and sources ended.
+/// The outcome of a query about versions or sources.
 [[nodiscard]] PackageManager::Outcome retrieval(const PackageKitTransaction::Outcome &outcome);
 
-/// How an installation ended.
+/// The outcome of an installation.
 [[nodiscard]] PackageManager::Outcome installation(const PackageKitTransaction::Outcome &outcome);
 } // namespace PackageKitAnswers

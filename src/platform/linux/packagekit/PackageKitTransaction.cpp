@@ -16,7 +16,7 @@ const QString packageKitPath = QStringLiteral("/org/freedesktop/PackageKit");
 const QString transactionInterface = QStringLiteral("org.freedesktop.PackageKit.Transaction");
 const QString propertiesInterface = QStringLiteral("org.freedesktop.DBus.Properties");
 
-/// What no window could show, and no log should have to hold.
+/// Limits for data from the daemon, well above what can be shown.
 constexpr qsizetype longestText = 20000;
 constexpr qsizetype mostPackages = 20000;
 constexpr qsizetype longestId = 300;
@@ -26,7 +26,7 @@ bool isFailure(const QDBusMessage &reply)
     return reply.type() != QDBusMessage::ReplyMessage;
 }
 
-/// Errors of the bus itself say that nobody answered; all others are the daemon's.
+/// Errors from the bus itself mean that there was no answer; all others come from the daemon.
 bool isFromTheBus(const QDBusMessage &error)
 {
     return error.errorName().startsWith(u"org.freedesktop.DBus.Error.")
@@ -68,7 +68,8 @@ void PackageKitTransaction::create()
 
 void PackageKitTransaction::findService()
 {
-    // Only older Qt tells who sent a reply. Whoever took the name since does not know our path.
+    // Newer Qt does not reveal the sender of a reply. A daemon that has taken over the name since
+    // then does not know our path.
     const QString bus = QStringLiteral("org.freedesktop.DBus");
     auto find = QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus,
                                                QStringLiteral("GetNameOwner"));
@@ -117,7 +118,7 @@ void PackageKitTransaction::connectSignals()
     m_bus.connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
                   QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
                   this, SLOT(takeLoss()));
-    // A daemon that is killed in the middle of its work sends nothing.
+    // A daemon that is killed during the transaction sends no signal.
     const auto *const watcher = new QDBusServiceWatcher(
         m_service, m_bus, QDBusServiceWatcher::WatchForUnregistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this,
@@ -150,14 +151,14 @@ void PackageKitTransaction::cancel()
 void PackageKitTransaction::forget()
 {
     m_hasEnded = true;
-    // Not all of its signals: the bus wants to know when this is destroyed.
+    // Other signals stay connected: the bus needs to know when this object is destroyed.
     disconnect(this, &PackageKitTransaction::progressChanged, nullptr, nullptr);
     deleteLater();
 }
 
 void PackageKitTransaction::takePackage(uint info, const QString &id, const QString &)
 {
-    // The high half tells how urgent an update is.
+    // The upper half is the urgency of an update.
     constexpr uint kind = 0xFFFF;
     if (m_outcome.packages.size() < mostPackages && id.size() <= longestId) {
         m_outcome.packages.append({info & kind, {id}});
@@ -181,7 +182,7 @@ void PackageKitTransaction::takeFinished(uint exit, uint)
 {
     m_outcome.exit = exit;
     if (m_isIncomplete && m_outcome.succeeded()) {
-        // What is not known of all packages must not be taken for the whole.
+        // An incomplete list must not be taken for a complete one.
         m_outcome.exit = failed;
         m_outcome.errorText = QStringLiteral("More packages than can be looked at.");
     }
@@ -196,7 +197,7 @@ void PackageKitTransaction::takeLoss()
 
 void PackageKitTransaction::takeDestroy()
 {
-    // The error that tells why may still be on its way, and comes before the answer to this.
+    // The error signal with the reason may still be on its way; it arrives before this reply.
     call(propertiesInterface, QStringLiteral("GetAll"), {transactionInterface},
          [this](const QDBusMessage &) { end(); });
 }

@@ -8,29 +8,29 @@
 
 #include <functional>
 
-/// A package as PackageKit names it: "name;version;architecture;data".
+/// PackageKit's identifier of a package: "name;version;architecture;data".
 struct PackageId {
     QString text;
 
     [[nodiscard]] QString name() const { return text.section(u';', 0, 0); }
     [[nodiscard]] QString version() const { return text.section(u';', 1, 1); }
-    /// The source that it comes from, or what is known of where it came from.
+    /// The source that it comes from, or what is known about its origin.
     [[nodiscard]] QString data() const { return text.section(u';', 3); }
 };
 
-/// One transaction of PackageKit (org.freedesktop.PackageKit.Transaction), which runs one method
-/// and ends. It deletes itself after finished().
+/// A PackageKit transaction (org.freedesktop.PackageKit.Transaction), which runs one method and
+/// ends. Deletes itself after it has called @p finished.
 class PackageKitTransaction final : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(PackageKitTransaction)
 
 public:
-    /// PK_INFO_ENUM: what is told of a package.
+    /// PK_INFO_ENUM: the state of a package.
     enum Info : uint { blocked = 9, installing = 12 };
     /// PK_EXIT_ENUM
     enum Exit : uint { success = 1, failed = 2, cancelled = 3 };
-    /// PK_ERROR_ENUM, as far as they lead to different answers.
+    /// PK_ERROR_ENUM, only the values that we treat differently.
     enum Error : uint {
         none = 0,
         noNetwork = 2,
@@ -64,7 +64,7 @@ public:
         uint exit = failed;
         uint error = none;
         QString errorText;
-        /// The daemon is not there, went away or did not answer.
+        /// The daemon is not available, went away or did not answer.
         bool isServiceGone = false;
         QList<Package> packages;
         /// The arguments of UpdateDetail.
@@ -78,15 +78,15 @@ public:
     };
     static constexpr uint unknownPercentage = 101;
 
-    /// Runs @p method with @p arguments; @p finished gets the outcome, whatever happens, unless
-    /// this is deleted before.
+    /// Runs @p method with @p arguments. @p finished always gets the outcome, unless this object is
+    /// deleted first.
     PackageKitTransaction(QDBusConnection bus, QString method, QVariantList arguments,
                           std::function<void(const Outcome &)> finished, QObject *parent);
 
     [[nodiscard]] const Progress &progress() const { return m_progress; }
-    /// Whatever still happens is not told any more.
+    /// Suppresses all further signals and callbacks.
     void forget();
-    /// Asks the daemon to stop; only to be called while it allows that.
+    /// Asks the daemon to stop. Must only be called while progress() allows it.
     void cancel();
 
 signals:
@@ -117,8 +117,8 @@ private:
     QString m_method;
     QVariantList m_arguments;
     std::function<void(const Outcome &)> m_finished;
-    /// The daemon's own name on the bus: nobody else can speak for it, and no other is started for
-    /// a call that comes too late.
+    /// The daemon's unique bus name: no other program can impersonate it, and a late call does not
+    /// start a new daemon.
     QString m_service;
     QString m_path;
     Progress m_progress;

@@ -9,7 +9,7 @@
 
 namespace
 {
-/// The library's functions, loaded at the first sound; all null where it is not installed.
+/// The library's functions, loaded with the first sound; all null if it is not installed.
 struct Canberra {
     Canberra()
     {
@@ -30,8 +30,8 @@ struct Canberra {
     decltype(&ca_context_cancel) cancel = nullptr;
 };
 
-/// A connection to the sound server. One whose server has died never works again (libcanberra
-/// 0.30), so it is made anew after every error.
+/// A connection to the sound server. It never recovers when the server dies (libcanberra 0.30), so
+/// it is created again after every error.
 class Connection final
 {
 public:
@@ -61,7 +61,7 @@ private:
     {
         if (!m_context && m_canberra.create(&m_context) != CA_SUCCESS) {
             m_context = nullptr;
-            return true; // no sound system: trying again would not help
+            return true; // no sound system: another attempt would not help
         }
         return m_canberra.play(m_context, soundId, CA_PROP_MEDIA_FILENAME, filePath.constData(),
                                CA_PROP_MEDIA_ROLE, "event", CA_PROP_MEDIA_NAME, "Tovla",
@@ -81,7 +81,7 @@ void CanberraPlayer::play(const QByteArray &filePath)
     m_wish = filePath;
     m_hasWish = true;
     if (!std::exchange(m_isRunning, true)) {
-        // Never joined: at the end of the process it may hang in the sound server.
+        // Never joined, because it may be waiting for a hung sound server when the program ends.
         std::thread([player = shared_from_this()] { player->run(); }).detach();
     }
     m_wishChanged.notify_one();

@@ -8,8 +8,8 @@
 #include <memory>
 #include <mutex>
 
-/// Plays one sound at a time through libcanberra, on a thread of its own: a sound server that hangs
-/// makes a call into the library hang for ever, and then costs no more than the sound.
+/// Plays one sound at a time with libcanberra, in a separate thread: if the sound server hangs,
+/// calls into the library never return, but only the sound is lost.
 class CanberraPlayer final : public std::enable_shared_from_this<CanberraPlayer>
 {
 public:
@@ -17,8 +17,8 @@ public:
     ~CanberraPlayer() = default;
     Q_DISABLE_COPY_MOVE(CanberraPlayer)
 
-    /// Stops what plays and starts the sound in this file; the empty path only stops. Returns at
-    /// once; the last wish wins.
+    /// Stops the current sound and starts the one in @p filePath; an empty path only stops. Returns
+    /// immediately. A later call replaces one that is still pending.
     void play(const QByteArray &filePath);
 
 private:

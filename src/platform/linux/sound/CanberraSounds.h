@@ -5,8 +5,8 @@
 
 class CanberraPlayer;
 
-/// Our own sounds, played as the desktop's event sounds are, so that the user's alert volume, mute
-/// and device hold. Nothing of the sound system is loaded before the first sound.
+/// Our own sounds, played like the desktop's event sounds, so that the user's alert volume, mute
+/// and device settings apply. The sound system's libraries are not loaded before the first sound.
 class CanberraSounds final : public Sounds
 {
 public:
@@ -20,6 +20,6 @@ private:
     std::shared_ptr<CanberraPlayer> m_player;
 };
 
-/// The file of the sound of that name in the installed theme, or in the one beside the program;
-/// empty when there is none. No other theme is ever looked into.
+/// The file of the sound with that name, in our sound theme next to the program or among the
+/// installed ones; empty if there is none. Other themes are never searched.
 [[nodiscard]] QString soundFilePath(const QString &name);

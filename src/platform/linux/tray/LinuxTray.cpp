@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/tray/LinuxTray.h"
 
+#include "platform/Appearance.h"
 #include "platform/generic/ToolkitTray.h"
-#include "platform/linux/tray/BusMenu.h"
+#include "platform/linux/menu/BusMenu.h"
 #include "platform/linux/tray/ScreenPlace.h"
 #include "platform/linux/tray/StatusNotifierItem.h"
 #include "platform/linux/tray/StatusNotifierWatcher.h"
@@ -10,45 +11,62 @@
 
 #include <QCursor>
 #include <QDBusConnection>
-#include <QEvent>
-#include <QGuiApplication>
 #include <QMenu>
 #include <QTimer>
 
+#include <algorithm>
 #include <chrono>
 
 namespace
 {
 using namespace std::chrono_literals;
 
-// While a session starts, its panel may come a little after us.
+// At the start of a session, the panel may appear a little after us.
 constexpr auto graceForHosts = 5s;
 
-/// There no program can know the place of a click, nor open a menu at it.
+/// On Wayland, programs neither know the position of a click nor can open a menu there.
 bool isWaylandSession()
 {
     return qEnvironmentVariable("XDG_SESSION_TYPE") == u"wayland"
         || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
 }
 
-/// In which a picture is seen well on the panel, as far as that can be told.
-QColor foreground()
+bool isDesktop(QStringView name)
+{
+    const auto names = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
+    return std::ranges::any_of(names, [name](const QString &each) {
+        return each.compare(name, Qt::CaseInsensitive) == 0;
+    });
+}
+
+/// A colour with good contrast on the panel, as far as that can be determined.
+QColor foreground(const Appearance &appearance)
 {
     // GNOME's top bar is dark in both of its looks.
-    const bool isGnome = qEnvironmentVariable("XDG_CURRENT_DESKTOP")
-                             .split(u':')
-                             .contains(QStringLiteral("GNOME"), Qt::CaseInsensitive);
-    return isGnome ? QColor(Qt::white) : ToolkitTray::foregroundOfPalette();
+    return isDesktop(u"GNOME") ? QColor(Qt::white) : ToolkitTray::foregroundIn(appearance);
+}
+
+/// Panels that draw a symbolic file as it is draw it dark on dark.
+StatusNotifierItem::Host host()
+{
+    const bool recolours = isDesktop(u"GNOME") || isDesktop(u"KDE") || isDesktop(u"XFCE")
+        || isDesktop(u"X-Cinnamon");
+    return recolours ? StatusNotifierItem::Host::RecoloursTheFile
+                     : StatusNotifierItem::Host::DrawsTheFile;
 }
 } // namespace
 
-LinuxTray::LinuxTray() = default;
+LinuxTray::LinuxTray(const Appearance &appearance)
+    : m_appearance(appearance)
+{
+    connect(&appearance, &Appearance::changed, this, &LinuxTray::updateIcon);
+}
+
 LinuxTray::~LinuxTray() = default;
 
 void LinuxTray::show(const Item &item)
 {
     m_item = item;
-    qGuiApp->installEventFilter(this);
     if (QDBusConnection::sessionBus().isConnected()) {
         exportItem();
     }
@@ -73,11 +91,21 @@ void LinuxTray::exportItem()
             m_oldIcon.reset();
         } else {
             waitForOldTray();
+            tellWhenMissing();
         }
     });
 }
 
-// NOLINTNEXTLINE(readability-make-member-function-const): what the timer calls changes this
+void LinuxTray::tellWhenMissing()
+{
+    if (!m_wasMissing && m_watcher->hosts() == StatusNotifierWatcher::Hosts::None
+        && !SelectionOwner("_NET_SYSTEM_TRAY_S").exists()) {
+        m_wasMissing = true;
+        emit isMissing();
+    }
+}
+
+// NOLINTNEXTLINE(readability-make-member-function-const): the timer's callback is not const
 void LinuxTray::waitForOldTray()
 {
     QTimer::singleShot(graceForHosts, this, &LinuxTray::considerOldTray);
@@ -85,7 +113,7 @@ void LinuxTray::waitForOldTray()
 
 void LinuxTray::considerOldTray()
 {
-    // The toolkit would itself ask a watcher that is there, and wait for the answer.
+    // If there is a watcher, the toolkit would call it and block until it answers.
     if (m_watcher && m_watcher->hosts() != StatusNotifierWatcher::Hosts::None) {
         return;
     }
@@ -94,27 +122,23 @@ void LinuxTray::considerOldTray()
         connect(m_oldTray, &SelectionOwner::changed, this, &LinuxTray::considerOldTray);
     }
     if (m_oldTray->exists() && !m_oldIcon) {
-        m_oldIcon = std::make_unique<ToolkitTray>(foreground);
+        m_oldIcon = std::make_unique<ToolkitTray>(m_appearance, foreground);
         m_oldIcon->show(m_item);
     }
 }
 
-bool LinuxTray::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange) {
-        updateIcon();
-    }
-    return false;
-}
-
 void LinuxTray::updateIcon()
 {
-    if (m_notifierItem) {
-        m_notifierItem->setIcon(m_item.icon(foreground()));
+    const QColor wanted = foreground(m_appearance);
+    if (m_notifierItem && wanted != m_foreground) {
+        m_foreground = wanted;
+        m_notifierItem->setIcon(m_item.icon(wanted), host());
     }
 }
 
 void LinuxTray::popUpMenu(const QPoint &nativePlace) const
 {
-    m_item.menu->popup(logicalPlace(nativePlace).value_or(QCursor::pos()));
+    // MATE tells every item the corner of the panel.
+    const auto place = isDesktop(u"MATE") ? std::nullopt : logicalPlace(nativePlace);
+    m_item.menu->popup(place.value_or(QCursor::pos()));
 }

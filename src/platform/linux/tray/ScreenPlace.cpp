@@ -6,7 +6,7 @@
 
 std::optional<QPoint> logicalPlace(const QPoint &nativePlace)
 {
-    // A screen's origin stays as it is, whatever its scale; its size does not.
+    // The toolkit scales the size of a screen, but not its origin.
     const auto screens = QGuiApplication::screens();
     for (const QScreen *const screen : screens) {
         const QPoint origin = screen->geometry().topLeft();

@@ -5,6 +5,6 @@
 
 #include <optional>
 
-/// The place that other programs give in pixels of the whole desktop, in the toolkit's logical
-/// pixels; nothing when it is on no screen.
+/// Converts a position from other programs, in pixels of the whole desktop, to the toolkit's
+/// logical pixels. nullopt if it is not on any screen.
 [[nodiscard]] std::optional<QPoint> logicalPlace(const QPoint &nativePlace);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/tray/StatusNotifierItem.h"
 
-#include "platform/linux/tray/BusMenu.h"
+#include "platform/linux/menu/BusMenu.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -13,7 +13,7 @@
 
 namespace
 {
-// From the smallest panel to the largest at twice its scale. Hosts scale the nearest.
+// From the smallest panel to the largest at twice the scale. Hosts scale the nearest size.
 constexpr std::array pictureSides{16, 18, 22, 24, 32, 48, 64};
 
 StatusNotifierPicture picture(const QIcon &icon, int side)
@@ -40,9 +40,9 @@ StatusNotifierItem::StatusNotifierItem(QString id, QString title, bool itemIsMen
 {
 }
 
-void StatusNotifierItem::setIcon(const QIcon &icon)
+void StatusNotifierItem::setIcon(const QIcon &icon, Host host)
 {
-    if (m_icon.isNull()) {
+    if (m_icon.isNull() && host == Host::RecoloursTheFile) {
         findIconFile(icon.name());
     }
     m_icon = icon;
@@ -51,7 +51,7 @@ void StatusNotifierItem::setIcon(const QIcon &icon)
 
 void StatusNotifierItem::findIconFile(const QString &name)
 {
-    // A host that is given a name which it cannot find may show no picture at all.
+    // Hosts may show no icon at all if they get a name that they cannot find.
     const QString file = QStringLiteral("/hicolor/symbolic/apps/") + name + QStringLiteral(".svg");
     const QString ownThemes
         = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/icons");
@@ -113,6 +113,6 @@ void StatusNotifierItem::Scroll(int, const QString &) { }
 // NOLINTNEXTLINE(readability-convert-member-functions-to-static): exported to the bus
 void StatusNotifierItem::ProvideXdgActivationToken(const QString &token)
 {
-    // The toolkit takes it from there for the next window that is to come to the front.
+    // The toolkit reads it from there for the next window that it brings to the front.
     qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
 }

@@ -8,8 +8,8 @@
 #include <QObject>
 #include <QPoint>
 
-/// A tray item as it stands on the bus. Hosts read its properties whenever they like, some only
-/// those that introspection lists, so every one is there.
+/// A tray item on the bus. All properties of the interface are present, because hosts may read any
+/// of them at any time, and some read only those listed by introspection.
 class StatusNotifierItem final : public QObject
 {
     Q_OBJECT
@@ -35,19 +35,21 @@ class StatusNotifierItem final : public QObject
 public:
     static QString path();
 
-    /// @p itemIsMenu: every click is to open the menu that the host draws.
+    /// With @p itemIsMenu, every click opens the menu drawn by the host.
     StatusNotifierItem(QString id, QString title, bool itemIsMenu, QObject *parent);
 
-    void setIcon(const QIcon &icon);
+    enum class Host { DrawsTheFile, RecoloursTheFile };
+    /// A host that recolours an installed icon is given its name, the others pictures of @p icon.
+    void setIcon(const QIcon &icon, Host host);
 
     [[nodiscard]] static QString category();
     [[nodiscard]] QString id() const { return m_id; }
     [[nodiscard]] QString title() const { return m_title; }
     [[nodiscard]] static QString status();
     [[nodiscard]] static int windowId() { return 0; }
-    /// Where hosts find the icon's file beside their own themes; empty where they need not look.
+    /// An additional folder in which hosts find the icon's file; empty if none is needed.
     [[nodiscard]] QString iconThemePath() const { return m_iconThemePath; }
-    /// Empty while no host could find the file.
+    /// Empty if hosts could not find the file.
     [[nodiscard]] QString iconName() const { return m_iconName; }
     [[nodiscard]] QList<StatusNotifierPicture> iconPixmap() const;
     [[nodiscard]] static QString none() { return {}; }
@@ -57,7 +59,7 @@ public:
     [[nodiscard]] bool itemIsMenu() const { return m_itemIsMenu; }
 
 public slots: // NOLINT(readability-redundant-access-specifiers): what is exported to the bus
-    /// Places are in pixels of the screen.
+    /// Positions are in screen pixels.
     Q_SCRIPTABLE void Activate(int x, int y);
     Q_SCRIPTABLE void ContextMenu(int x, int y);
     Q_SCRIPTABLE void SecondaryActivate(int x, int y);
@@ -73,7 +75,7 @@ signals:
     Q_SCRIPTABLE void NewMenu();
     Q_SCRIPTABLE void NewStatus(const QString &status);
 
-    /// A host leaves it to us to show the menu at @p place, in pixels of the screen.
+    /// The host asks us to show the menu at @p place, in screen pixels.
     void menuWanted(const QPoint &place);
 
 private:

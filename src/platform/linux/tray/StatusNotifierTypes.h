@@ -7,13 +7,13 @@
 #include <QMetaType>
 #include <QString>
 
-/// What the interface org.kde.StatusNotifierItem sends over the bus
-/// (freedesktop.org, StatusNotifierItem).
+/// The data types of the interface org.kde.StatusNotifierItem (freedesktop.org,
+/// StatusNotifierItem).
 struct StatusNotifierPicture {
-    /// Pixels.
+    /// In pixels.
     int width = 0;
     int height = 0;
-    /// ARGB, not premultiplied, the most significant byte first.
+    /// ARGB, not premultiplied, most significant byte first.
     QByteArray bytes;
 };
 
@@ -32,5 +32,5 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, StatusNotifierPic
 QDBusArgument &operator<<(QDBusArgument &argument, const StatusNotifierToolTip &toolTip);
 const QDBusArgument &operator>>(const QDBusArgument &argument, StatusNotifierToolTip &toolTip);
 
-/// Before any of these is sent.
+/// Must be called before any of these is sent.
 void registerStatusNotifierTypes();

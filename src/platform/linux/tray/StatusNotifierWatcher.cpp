@@ -20,7 +20,7 @@ StatusNotifierWatcher::StatusNotifierWatcher(const QDBusConnection &bus, QObject
     const auto *owners
         = new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
     connect(owners, &QDBusServiceWatcher::serviceOwnerChanged, this, &StatusNotifierWatcher::ask);
-    // Without a member every signal of the watcher comes, for the price of one match rule.
+    // Without a member name, a single match rule covers all signals of the watcher.
     m_bus.connect(service, path, service, QString(), this, SLOT(watcherSignalled(QDBusMessage)));
     ask();
 }
@@ -53,7 +53,7 @@ void StatusNotifierWatcher::take(const QDBusMessage &reply)
         const bool hasHost = reply.arguments().value(0).value<QDBusVariant>().variant().toBool();
         setHosts(hasHost ? Hosts::Some : Hosts::None);
     } else {
-        // One that does not answer may do so to others, or later.
+        // A watcher that does not answer us may answer others, or answer later.
         const auto error = QDBusError(reply).type();
         setHosts(error == QDBusError::NoReply || error == QDBusError::Timeout ? Hosts::Unknown
                                                                               : Hosts::None);
@@ -63,8 +63,8 @@ void StatusNotifierWatcher::take(const QDBusMessage &reply)
 void StatusNotifierWatcher::setHosts(Hosts hosts)
 {
     if (hosts == Hosts::Some) {
-        // Each time: a watcher that is new does not know the item yet, and a host that started at
-        // the same moment may have missed it. Watchers take the second time for the first.
+        // Registers each time: a new watcher does not know the item yet, and a host that started at
+        // the same moment may have missed it. Watchers ignore repeated registrations.
         registerItem();
     }
     if (hosts != m_hosts) {

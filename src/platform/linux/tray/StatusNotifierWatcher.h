@@ -5,19 +5,19 @@
 #include <QDBusMessage>
 #include <QObject>
 
-/// Finds the desktop's StatusNotifier hosts and registers an item with them, asking without ever
-/// waiting: a watcher may come late, go, be replaced or say nothing.
+/// Finds the desktop's StatusNotifier hosts and registers an item with them, without blocking: a
+/// watcher may appear late, disappear, be replaced or not answer.
 class StatusNotifierWatcher final : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(StatusNotifierWatcher)
 
 public:
-    /// @p bus is connected.
+    /// @p bus must be connected.
     StatusNotifierWatcher(const QDBusConnection &bus, QObject *parent);
 
     enum class Hosts { Unknown, None, Some };
-    /// As far as the watcher, if there is one, has told.
+    /// The watcher's last answer; None if there is no watcher, Unknown until it has answered.
     [[nodiscard]] Hosts hosts() const { return m_hosts; }
 
 signals:
@@ -34,6 +34,6 @@ private:
 
     QDBusConnection m_bus;
     Hosts m_hosts = Hosts::Unknown;
-    /// Answers to earlier questions than this one no longer count.
+    /// The number of the last question; answers to earlier ones are ignored.
     int m_question = 0;
 };

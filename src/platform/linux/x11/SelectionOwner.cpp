@@ -25,7 +25,7 @@ SelectionOwner::SelectionOwner(const QByteArray &prefix, QObject *parent)
                 | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
         QCoreApplication::instance()->installNativeEventFilter(this);
     }
-    // Asked only now, so that no change falls between the question and the watching.
+    // Queried after the watch is set up, so that no change is missed in between.
     const Xcb::Owned<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
         connection, xcb_get_selection_owner(connection, m_selection), nullptr));
     m_exists = owner && owner->owner != XCB_WINDOW_NONE;

@@ -6,15 +6,16 @@
 
 #include <xcb/xcb.h>
 
-/// Watches who owns a selection of the X server; a window manager, a compositor and a tray each
-/// announce themselves by owning one (ICCCM 2.8, EWMH). Without an X server nobody ever does.
+/// Watches whether a selection of the X server has an owner. Window managers, compositors and trays
+/// announce themselves by owning one (ICCCM 2.8, EWMH). Without an X server, there is never an
+/// owner.
 class SelectionOwner final : public QObject, QAbstractNativeEventFilter
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(SelectionOwner)
 
 public:
-    /// @p prefix is completed with the number of the screen: "_NET_WM_CM_S" to "_NET_WM_CM_S0".
+    /// The screen number is appended to @p prefix: "_NET_WM_CM_S" becomes "_NET_WM_CM_S0".
     explicit SelectionOwner(const QByteArray &prefix, QObject *parent = nullptr);
     ~SelectionOwner() override;
 

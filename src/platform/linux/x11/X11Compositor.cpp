@@ -15,7 +15,7 @@ bool X11Compositor::blursBehind() const
     if (!Xcb::connection() || !owner().exists()) {
         return false;
     }
-    // KWin lists the property on the root window while its blur effect is loaded.
+    // KWin sets this property on the root window while its blur effect is loaded.
     const xcb_atom_t blur = Xcb::atom("_KDE_NET_WM_BLUR_BEHIND_REGION");
     const auto cookie = xcb_list_properties(Xcb::connection(), Xcb::root());
     const Xcb::Owned<xcb_list_properties_reply_t> properties(

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-/// On X11 a compositor owns _NET_WM_CM_Sn (EWMH); elsewhere, on Wayland, there always is one.
+/// On X11, a compositor owns _NET_WM_CM_Sn (EWMH). Without X11, on Wayland, there always is one.
 class X11Compositor final : public Compositor
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     [[nodiscard]] bool blursBehind() const override;
 
 private:
-    /// Made on first use: nothing needs a compositor before a prompt opens.
+    /// Created on first use: nothing needs a compositor before a prompt opens.
     SelectionOwner &owner() const;
 
     mutable std::unique_ptr<SelectionOwner> m_owner;

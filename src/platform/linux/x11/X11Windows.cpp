@@ -3,7 +3,9 @@
 
 #include "platform/linux/x11/Xcb.h"
 
+#include <QEvent>
 #include <QWidget>
+#include <QWindow>
 
 #include <array>
 #include <cmath>
@@ -26,7 +28,7 @@ void setCardinals(const QWidget &window, const QByteArray &property,
                         static_cast<uint32_t>(values.size()), values.data());
 }
 
-/// Hiding a window wipes this property, so it is set again before each showing.
+/// The property is lost when a window is hidden, so it is set before each show().
 void keepOutOfTaskbar(const QWidget &window)
 {
     const std::array atoms{Xcb::atom("_NET_WM_STATE_SKIP_TASKBAR"),
@@ -35,8 +37,22 @@ void keepOutOfTaskbar(const QWidget &window)
                         Xcb::atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 32, atoms.size(), atoms.data());
 }
 
-/// Source 2 is a pager's, which speaks for the user: no window manager takes it for a window that
-/// steals the focus from somebody who is typing (EWMH, _NET_ACTIVE_WINDOW).
+/// The toolkit tells window managers what to decorate a window with, but not what can be done to
+/// it, so some offer to minimise a window that is in no taskbar (Motif's window hints).
+void offerMovingAndClosingAlone(const QWidget &window)
+{
+    constexpr uint32_t functionsAndDecorations = 1 | 2;
+    constexpr uint32_t moveAndClose = 4 | 32;
+    constexpr uint32_t borderAndTitle = 2 | 8;
+    const std::array<uint32_t, 5> hints{functionsAndDecorations, moveAndClose, borderAndTitle, 0,
+                                        0};
+    const xcb_atom_t property = Xcb::atom("_MOTIF_WM_HINTS");
+    xcb_change_property(Xcb::connection(), XCB_PROP_MODE_REPLACE, identifier(window), property,
+                        property, 32, hints.size(), hints.data());
+}
+
+/// Source 2 means a pager, which acts for the user: window managers do not treat this as focus
+/// stealing, even while the user is typing (EWMH, _NET_ACTIVE_WINDOW).
 void activateAsPager(const QWidget &window)
 {
     xcb_client_message_event_t event{};
@@ -69,14 +85,60 @@ void setInputRect(const QWidget &window, const QRect &rect)
     xcb_xfixes_set_window_shape_region(connection, identifier(window), input, 0, 0, region);
     xcb_xfixes_destroy_region(connection, region);
 }
+
+/// While a window is being mapped, the toolkit may assume for a moment that it is at the corner of
+/// the screen, and moves it there if its size changes at that moment.
+class PlaceKeeper final : public QObject
+{
+public:
+    PlaceKeeper(QWidget &window, const QPoint &place)
+        : QObject(&window)
+        , m_window(window)
+        , m_place(place)
+    {
+        window.installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Resize && !isMapped()) {
+            m_window.move(m_place);
+        } else if (event->type() == QEvent::Paint && isMapped()) {
+            deleteLater();
+        }
+        return false;
+    }
+
+private:
+    [[nodiscard]] bool isMapped() const
+    {
+        return m_window.windowHandle() != nullptr && m_window.windowHandle()->isExposed();
+    }
+
+    QWidget &m_window;
+    QPoint m_place;
+};
 } // namespace
+
+void X11Windows::place(QWidget &window, const QPoint &topLeft)
+{
+    window.move(topLeft);
+    if (!window.isVisible()) {
+        new PlaceKeeper(window, topLeft);
+    }
+}
 
 void X11Windows::present(QWidget &window)
 {
     if (Xcb::connection() && !window.isVisible()) {
         window.winId();
         keepOutOfTaskbar(window);
+        if (window.windowFlags().testFlag(Qt::CustomizeWindowHint)) {
+            offerMovingAndClosingAlone(window);
+        }
     }
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     window.show();
     window.raise();
     window.activateWindow();
@@ -106,7 +168,7 @@ void X11Windows::setBlurBehind(QWidget &window, const QRegion &region)
     }
     const QByteArray property = "_KDE_NET_WM_BLUR_BEHIND_REGION";
     if (region.isEmpty()) {
-        // An empty list would mean the whole window.
+        // An empty list would stand for the whole window.
         xcb_delete_property(Xcb::connection(), identifier(window), Xcb::atom(property));
         return;
     }

@@ -3,11 +3,12 @@
 
 #include "platform/Windows.h"
 
-/// Windows on X11, which XWayland offers on Wayland too. On a window system without X11 windows
-/// are shown as the toolkit shows them.
+/// Windows on X11, which Wayland desktops offer through XWayland. Without X11, windows have only
+/// what the toolkit provides.
 class X11Windows final : public Windows
 {
 public:
+    void place(QWidget &window, const QPoint &topLeft) override;
     void present(QWidget &window) override;
     void setShadow(QWidget &window, const QMargins &shadow) override;
     void setBlurBehind(QWidget &window, const QRegion &region) override;

@@ -17,7 +17,8 @@ xcb_atom_t Xcb::atom(const QByteArray &name)
     if (const xcb_atom_t atom = known.value(name, XCB_ATOM_NONE); atom != XCB_ATOM_NONE) {
         return atom;
     }
-    const auto cookie = xcb_intern_atom(connection(), 0, static_cast<uint16_t>(name.size()), name);
+    const auto cookie
+        = xcb_intern_atom(connection(), 0, static_cast<uint16_t>(name.size()), name.constData());
     const Owned<xcb_intern_atom_reply_t> reply(
         xcb_intern_atom_reply(connection(), cookie, nullptr));
     return known[name] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/tray/BusMenuTypes.h"
+#include "platform/linux/menu/BusMenuTypes.h"
 
 #include <QAction>
 #include <QDBusMetaType>
@@ -9,8 +9,8 @@ namespace
 {
 using Shortcut = QList<QStringList>;
 
-/// "_" marks the letter that presses an item and is doubled to be seen; the toolkit does the same
-/// with "&".
+/// In dbusmenu, "_" marks the mnemonic and is doubled to show one; the toolkit uses "&" in the same
+/// way.
 QString label(const QString &text)
 {
     QString label;
@@ -29,7 +29,7 @@ QString label(const QString &text)
     return label;
 }
 
-/// The key's name as X has it, which hosts look up.
+/// The X key name, as hosts expect it.
 QString keyName(Qt::Key key)
 {
     if (key == Qt::Key_Comma) {

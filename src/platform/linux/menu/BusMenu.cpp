@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/tray/BusMenu.h"
+#include "platform/linux/menu/BusMenu.h"
 
 #include <QGuiApplication>
 #include <QMenu>
 
 namespace
 {
-// Of the menu itself; its items are counted from 1.
+// The id of the menu itself; items are numbered from 1.
 constexpr int rootId = 0;
-// The items never change their places.
+// Never changes, because items are never added, removed or moved.
 constexpr uint layoutRevision = 1;
 } // namespace
 
@@ -72,7 +72,7 @@ QList<BusMenuItem> BusMenu::GetGroupProperties(const QList<int> &ids,
 {
     QList<BusMenuItem> items;
     const auto add = [&](int id) { items.append({id, properties(id, propertyNames)}); };
-    if (ids.isEmpty()) { // every one
+    if (ids.isEmpty()) { // means all items
         for (int id = 1; action(id); ++id) {
             add(id);
         }
@@ -95,7 +95,7 @@ void BusMenu::Event(int id, const QString &eventId, const QDBusVariant &, uint)
 {
     QAction *const chosen = action(id);
     if (chosen && chosen->isEnabled() && eventId == u"clicked") {
-        // The host gets its answer first: what is chosen may open a window, or end the program.
+        // Replies to the host first, because the action may open a window or quit the program.
         QMetaObject::invokeMethod(chosen, &QAction::trigger, Qt::QueuedConnection);
     }
 }
@@ -117,7 +117,7 @@ bool BusMenu::AboutToShow(int id)
     if (id == rootId) {
         emit m_menu.aboutToShow();
     }
-    return false; // what changed by it has been told
+    return false; // any changes have already been signalled
 }
 
 QList<int> BusMenu::AboutToShowGroup(const QList<int> &ids, QList<int> &idErrors)

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/tray/BusMenuTypes.h"
+#include "platform/linux/menu/BusMenuTypes.h"
 
 #include <QObject>
 
 class QMenu;
 
-/// A menu without submenus as it stands on the bus, for a desktop that draws it itself. What
-/// changes in the menu is told at once.
+/// Exports a menu without submenus on the bus, for desktops that draw it themselves. Changes of the
+/// menu are signalled immediately.
 class BusMenu final : public QObject
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ class BusMenu final : public QObject
 public:
     static QString path();
 
-    /// The items of @p menu, which must outlive this, stay the ones that they are now.
+    /// @p menu must outlive this object. No items may be added or removed later.
     BusMenu(QMenu &menu, QObject *parent);
 
     [[nodiscard]] static uint version() { return 3; }
@@ -49,7 +49,7 @@ signals:
     Q_SCRIPTABLE void ItemActivationRequested(int id, uint timestamp);
 
 private:
-    /// Null for an id that no item has.
+    /// Null if no item has this id.
     [[nodiscard]] QAction *action(int id) const;
     [[nodiscard]] QVariantMap properties(int id, const QStringList &names) const;
 

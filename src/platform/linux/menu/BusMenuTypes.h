@@ -9,7 +9,7 @@
 
 class QAction;
 
-/// What the interface com.canonical.dbusmenu sends over the bus (libdbusmenu, dbus-menu.xml).
+/// The data types of the interface com.canonical.dbusmenu (libdbusmenu, dbus-menu.xml).
 struct BusMenuItem {
     int id = 0;
     QVariantMap properties;
@@ -47,8 +47,9 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, BusMenuLayout &la
 QDBusArgument &operator<<(QDBusArgument &argument, const BusMenuEvent &event);
 const QDBusArgument &operator>>(const QDBusArgument &argument, BusMenuEvent &event);
 
-/// Before any of these is sent.
+/// Must be called before any of these is sent.
 void registerBusMenuTypes();
 
-/// How the desktop is to show @p action; every property that ever changes is there.
+/// The properties with which the desktop shows @p action. Those that can change are always
+/// included.
 [[nodiscard]] QVariantMap busMenuProperties(const QAction &action);

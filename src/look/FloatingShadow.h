@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/ColorScheme.h"
+
+#include <QMargins>
+#include <QRectF>
+
+class QPainter;
+
+/// The shadow and the rim that make a floating frame stand out from anything behind it.
+namespace FloatingShadow
+{
+/// How far the shadow is visible beyond each edge of the frame, in logical pixels.
+inline constexpr QMargins margins{54, 42, 54, 66};
+
+/// Draws a soft shadow and a hairline around @p frame, and nothing inside it.
+void paint(QPainter &painter, const QRectF &frame, qreal radius, ColorScheme scheme);
+/// Draw a rim just inside @p frame: with round corners for composited windows, else with square
+/// ones.
+void paintRoundRim(QPainter &painter, const QRectF &frame, qreal radius, ColorScheme scheme);
+void paintRim(QPainter &painter, const QRectF &frame, ColorScheme scheme);
+} // namespace FloatingShadow

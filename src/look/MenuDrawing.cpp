@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "look/MenuDrawing.h"
+
+#include "look/FloatingShadow.h"
+#include "look/Look.h"
+#include "look/Squircle.h"
+
+#include <QComboBox>
+#include <QPainter>
+#include <QStyleOptionMenuItem>
+
+namespace
+{
+constexpr qreal menuRadius = 10;
+constexpr qreal rowRadius = 5;
+constexpr int rowHeight = 24;
+constexpr int separatorHeight = 11;
+constexpr int textInset = 10;
+constexpr int tickWidth = 15;
+constexpr int textToKeys = 24;
+
+ColorScheme schemeOf(const QPalette &palette)
+{
+    constexpr int middle = 128;
+    return palette.color(Look::menuFaceRole).lightness() < middle ? ColorScheme::Dark
+                                                                  : ColorScheme::Light;
+}
+
+bool canBeTicked(const QStyleOptionMenuItem &option)
+{
+    return option.checkType != QStyleOptionMenuItem::NotCheckable;
+}
+
+/// The list of a pop-up has no padding beside its rows, so they are narrowed here.
+QRect rowOf(const QStyleOptionMenuItem &option, const QWidget *widget)
+{
+    const bool isInPopUp = qobject_cast<const QComboBox *>(widget) != nullptr;
+    return isInPopUp ? option.rect.adjusted(MenuDrawing::padding, 0, -MenuDrawing::padding, 0)
+                     : option.rect;
+}
+
+void drawTick(QPainter &painter, const QRect &row, const QColor &color)
+{
+    const QPointF start(row.left() + textInset, row.center().y() + 1.5);
+    painter.setPen(QPen(color, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPolyline(QPolygonF({start, start + QPointF(2.5, 2.5), start + QPointF(8, -4.5)}));
+}
+} // namespace
+
+void MenuDrawing::drawPanel(QPainter &painter, const QStyleOption &option, const QWidget *widget)
+{
+    const QColor face = option.palette.color(Look::menuFaceRole);
+    const ColorScheme scheme = schemeOf(option.palette);
+    const QRectF rect = option.rect;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (widget != nullptr && widget->window()->testAttribute(Qt::WA_TranslucentBackground)) {
+        painter.fillPath(squirclePath(rect, menuRadius), face);
+        FloatingShadow::paintRoundRim(painter, rect, menuRadius, scheme);
+    } else {
+        painter.fillRect(rect, face);
+        FloatingShadow::paintRim(painter, rect, scheme);
+    }
+    painter.restore();
+}
+
+void MenuDrawing::drawItem(QPainter &painter, const QStyleOptionMenuItem &option,
+                           const QWidget *widget, bool underlinesMnemonic)
+{
+    const QRect row = rowOf(option, widget);
+    const QPalette &palette = option.palette;
+    if (option.menuItemType == QStyleOptionMenuItem::Separator) {
+        painter.fillRect(row.left() + textInset, row.center().y(), row.width() - 2 * textInset, 1,
+                         palette.color(Look::dividerRole));
+        return;
+    }
+    const bool isEnabled = option.state.testFlag(QStyle::State_Enabled);
+    const bool isSelected = isEnabled && option.state.testFlag(QStyle::State_Selected);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (isSelected) {
+        painter.fillPath(squirclePath(row, rowRadius), palette.color(Look::prominentRole));
+    } else if (option.state.testFlag(QStyle::State_Selected)) {
+        painter.fillPath(squirclePath(row, rowRadius), palette.color(Look::dividerRole));
+    }
+    const QColor plain = isEnabled ? palette.color(QPalette::Active, QPalette::WindowText)
+                                   : palette.color(Look::tertiaryTextRole);
+    const QColor text = isSelected ? QColor(Qt::white) : plain;
+    if (canBeTicked(option) && option.checked) {
+        drawTick(painter, row, text);
+    }
+    const int inset = textInset + (canBeTicked(option) ? tickWidth : 0);
+    const QRect texts = row.adjusted(inset, 0, -textInset, 0);
+    const QString label = option.text.section(u'\t', 0, 0);
+    const QString keys = option.text.section(u'\t', 1);
+    constexpr int oneLine = static_cast<int>(Qt::AlignVCenter) | Qt::TextSingleLine;
+    const int mnemonic = underlinesMnemonic ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
+    painter.setFont(option.font);
+    painter.setPen(text);
+    painter.drawText(texts, oneLine | Qt::AlignLeading | mnemonic, label);
+    painter.setPen(isEnabled && !isSelected ? palette.color(Look::secondaryTextRole) : text);
+    painter.drawText(texts, oneLine | Qt::AlignTrailing, keys);
+    painter.restore();
+}
+
+QSize MenuDrawing::itemSize(const QStyleOptionMenuItem &option, const QSize &contents)
+{
+    if (option.menuItemType == QStyleOptionMenuItem::Separator) {
+        return {contents.width(), separatorHeight};
+    }
+    const int tick = canBeTicked(option) ? tickWidth : 0;
+    const int keys = option.text.contains(u'\t') ? textToKeys : 0;
+    return {contents.width() + 2 * textInset + tick + keys, rowHeight};
+}

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/bus/PortalRequest.h"
+
+#include "platform/linux/bus/Bus.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusObjectPath>
+#include <QDBusServiceWatcher>
+
+#include <chrono>
+
+namespace
+{
+const QString portalService = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString requestInterface = QStringLiteral("org.freedesktop.portal.Request");
+// A portal takes a request at once, but may have to be started for it.
+constexpr std::chrono::milliseconds patience = std::chrono::seconds(5);
+
+/// Where the portal will put the request, so that no answer can come before somebody listens.
+QString expectedPath(const QDBusConnection &bus, const QString &token)
+{
+    const QString sender = bus.baseService().mid(1).replace(u'.', u'_');
+    return QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token);
+}
+
+QString newToken()
+{
+    static int count = 0;
+    return QStringLiteral("tovla%1").arg(++count);
+}
+} // namespace
+
+PortalRequest::PortalRequest(const QString &interface, const QString &method,
+                             QVariantList arguments, QVariantMap options, QObject *parent)
+    : QObject(parent)
+{
+    auto bus = QDBusConnection::sessionBus();
+    const QString token = newToken();
+    listenTo(expectedPath(bus, token));
+    const auto *watcher = new QDBusServiceWatcher(
+        portalService, bus, QDBusServiceWatcher::WatchForUnregistration, this);
+    connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, &PortalRequest::failed);
+
+    options.insert(QStringLiteral("handle_token"), token);
+    arguments.append(options);
+    auto call = QDBusMessage::createMethodCall(portalService, portalPath, interface, method);
+    call.setArguments(arguments);
+    Bus::ask(
+        bus, call, this, [this](const QDBusMessage &reply) { takeReply(reply); },
+        static_cast<int>(patience.count()));
+}
+
+void PortalRequest::listenTo(const QString &path)
+{
+    m_path = path;
+    QDBusConnection::sessionBus().connect(portalService, path, requestInterface,
+                                          QStringLiteral("Response"), this,
+                                          SLOT(takeResponse(QDBusMessage)));
+}
+
+void PortalRequest::takeReply(const QDBusMessage &reply)
+{
+    if (reply.type() != QDBusMessage::ReplyMessage) {
+        // It may have been taken all the same, too late.
+        sendClose();
+        emit failed();
+        return;
+    }
+    const QString path = reply.arguments().value(0).value<QDBusObjectPath>().path();
+    if (path != m_path) {
+        listenTo(path);
+    }
+    m_isAccepted = true;
+    if (m_isClosed) {
+        sendClose();
+        deleteLater();
+    } else {
+        emit accepted();
+    }
+}
+
+void PortalRequest::takeResponse(const QDBusMessage &message)
+{
+    const QVariantList arguments = message.arguments();
+    emit answered(arguments.value(0, 2U).toUInt(), qdbus_cast<QVariantMap>(arguments.value(1)));
+}
+
+void PortalRequest::close()
+{
+    m_isClosed = true;
+    disconnect();
+    // Before it is accepted nobody knows it by its path.
+    if (m_isAccepted) {
+        sendClose();
+        deleteLater();
+    }
+}
+
+void PortalRequest::sendClose() const
+{
+    QDBusConnection::sessionBus().send(QDBusMessage::createMethodCall(
+        portalService, m_path, requestInterface, QStringLiteral("Close")));
+}

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/bus/PortalSession.h"
+
+#include "platform/linux/bus/Bus.h"
+#include "platform/linux/bus/PortalRequest.h"
+
+namespace
+{
+const QString managerService = QStringLiteral("org.gnome.SessionManager");
+const QString managerPath = QStringLiteral("/org/gnome/SessionManager");
+// The same in the portal's flags and in the session manager's.
+constexpr uint logout = 1;
+
+QDBusMessage callOfManager(const QString &method)
+{
+    return QDBusMessage::createMethodCall(managerService, managerPath, managerService, method);
+}
+
+void letGo(uint cookie)
+{
+    auto call = callOfManager(QStringLiteral("Uninhibit"));
+    call << cookie;
+    QDBusConnection::sessionBus().send(call);
+}
+} // namespace
+
+void PortalSession::hold(const QString &reason)
+{
+    if (m_isHeld || !QDBusConnection::sessionBus().isConnected()) {
+        return;
+    }
+    m_isHeld = true;
+    ++m_hold;
+    const QString noWindow;
+    m_request = new PortalRequest(QStringLiteral("org.freedesktop.portal.Inhibit"),
+                                  QStringLiteral("Inhibit"), {noWindow, logout},
+                                  {{QStringLiteral("reason"), reason}}, this);
+    connect(m_request, &PortalRequest::failed, this, [this, reason] {
+        m_request->deleteLater();
+        m_request.clear();
+        holdByManager(reason);
+    });
+}
+
+void PortalSession::holdByManager(const QString &reason)
+{
+    constexpr uint noWindow = 0;
+    auto call = callOfManager(QStringLiteral("Inhibit"));
+    call << QStringLiteral("org.tovla.Tovla") << noWindow << reason << logout;
+    Bus::ask(QDBusConnection::sessionBus(), call, this,
+             [this, hold = m_hold](const QDBusMessage &reply) {
+                 if (reply.type() != QDBusMessage::ReplyMessage) {
+                     return;
+                 }
+                 const uint cookie = reply.arguments().value(0).toUInt();
+                 if (m_isHeld && hold == m_hold) {
+                     m_cookie = cookie;
+                 } else {
+                     letGo(cookie);
+                 }
+             });
+}
+
+void PortalSession::release()
+{
+    m_isHeld = false;
+    if (m_request) {
+        m_request->close();
+        m_request.clear();
+    }
+    if (m_cookie) {
+        letGo(*m_cookie);
+        m_cookie.reset();
+    }
+}

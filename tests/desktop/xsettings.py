@@ -1,0 +1,49 @@
+# SPDX-License-Identifier: MIT
+"""Stands in for a desktop's settings daemon (freedesktop.org, XSETTINGS)."""
+import struct
+
+from Xlib import X
+from Xlib.display import Display
+from Xlib.protocol.event import ClientMessage
+
+
+def padded(data):
+    return data + b"\0" * (-len(data) % 4)
+
+
+def encoded(values):
+    entries = b""
+    for name, value in values.items():
+        is_text = isinstance(value, str)
+        entries += struct.pack("<BBH", int(is_text), 0, len(name)) + padded(name.encode())
+        entries += struct.pack("<I", 1)
+        if is_text:
+            entries += struct.pack("<I", len(value.encode())) + padded(value.encode())
+        else:
+            entries += struct.pack("<i", value)
+    return struct.pack("<BxxxII", 0, 1, len(values)) + entries
+
+
+class SettingsDaemon:
+    def __init__(self, **values):
+        self.display = Display()
+        root = self.display.screen().root
+        self.window = root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+        self.publish(**values)
+        selection = self.display.intern_atom("_XSETTINGS_S0")
+        self.window.set_selection_owner(selection, X.CurrentTime)
+        manager = ClientMessage(window=root, client_type=self.display.intern_atom("MANAGER"),
+                                data=(32, (X.CurrentTime, selection, self.window.id, 0, 0)))
+        root.send_event(manager, event_mask=X.StructureNotifyMask)
+        self.display.sync()
+
+    def publish(self, **values):
+        """Names are given with an underscore for the slash."""
+        named = {name.replace("_", "/", 1): value for name, value in values.items()}
+        self.window.change_property(self.display.intern_atom("_XSETTINGS_SETTINGS"),
+                                    self.display.intern_atom("_XSETTINGS_SETTINGS"), 8,
+                                    encoded(named))
+        self.display.sync()
+
+    def close(self):
+        self.display.close()
