@@ -36,6 +36,9 @@ class InputMethod(dbus.service.Object):
         self.context.remove_from_connection()
         self.remove_from_connection()
         self.bus.release_name(SERVICE)
+        # While it lives, and the traceback of a failed test keeps this object alive, a new BusName does
+        # not ask the bus again.
+        del self.name
 
     @dbus.service.method("org.freedesktop.IBus.Portal", in_signature="s", out_signature="o")
     def CreateInputContext(self, _program):
