@@ -5,6 +5,7 @@
 #include "look/Fonts.h"
 #include "look/Look.h"
 #include "prompt/EditorHeight.h"
+#include "prompt/ParagraphLayout.h"
 #include "prompt/PlainText.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -17,6 +18,7 @@
 #include <QTextBlock>
 #include <QTextDocumentFragment>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -55,6 +57,9 @@ BareTextEditor::BareTextEditor(const ContentHeight &contentHeight, QWidget *pare
     : QPlainTextEdit(parent)
     , m_coordinator(new Coordinator(*this, contentHeight))
 {
+    auto *const note = new QTextDocument(this);
+    note->setDocumentLayout(new ParagraphLayout(note));
+    setDocument(note);
     Accessible::hide(*viewport());
     setFont(systemFont(FontSizes::note));
     setFrameShape(NoFrame);
@@ -199,6 +204,15 @@ bool BareTextEditor::takeHasJustComposed()
     return std::exchange(m_hasJustComposed, false);
 }
 
+QRect BareTextEditor::caretRect() const
+{
+    QRect caret = cursorRect();
+    caret.setWidth(caretWidth);
+    // Before the first letter of a line from the right, it is a pixel too far.
+    caret.moveLeft(std::min(caret.x(), viewport()->width() - caretWidth));
+    return caret;
+}
+
 QVariant BareTextEditor::inputMethodQuery(Qt::InputMethodQuery property) const
 {
     QVariant answer = QPlainTextEdit::inputMethodQuery(property);
@@ -222,10 +236,9 @@ void BareTextEditor::paintEvent(QPaintEvent *event)
 {
     QPlainTextEdit::paintEvent(event);
     const bool isCaretOn = getPaintContext().cursorPosition >= 0 || (hasFocus() && isComposing());
-    const QRect caret = cursorRect();
-    if (isCaretOn && event->rect().intersects(caret.adjusted(0, 0, caretWidth, 0))) {
-        QPainter(viewport())
-            .fillRect(caret.x(), caret.y(), caretWidth, caret.height(), m_caretColor);
+    const QRect caret = caretRect();
+    if (isCaretOn && event->rect().intersects(caret)) {
+        QPainter(viewport()).fillRect(caret, m_caretColor);
     }
 }
 

@@ -39,6 +39,8 @@ public:
     void endComposition();
     /// Tells the input method where the caret is now; to be called when the window has moved.
     void tellCaretPlace();
+    /// In the viewport's coordinates, and never beyond its edge.
+    [[nodiscard]] QRect caretRect() const;
     [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery property) const override;
 
     void setLook(const Look &look);

@@ -5,6 +5,7 @@
 #include "look/TextMenu.h"
 #include "support/AppStateForTests.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QClipboard>
 #include <QInputMethod>
 #include <QMenu>
@@ -12,6 +13,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextBlock>
 
 #include <algorithm>
 
@@ -319,6 +321,38 @@ private slots:
         QCOMPARE(m_editor->text(), u"\t"_s);
     }
 
+    void paragraph_standsAtTheEdgeItIsWrittenFrom()
+    {
+        const QString hebrew = u"שלום עולם"_s;
+        m_editor->setText(u"abc\n"_s + hebrew + u"\n12, "_s + hebrew + u" abc\nabc "_s + hebrew);
+        const double width = m_editor->viewport()->width();
+        for (const int paragraph : {0, 3}) {
+            QCOMPARE(lineOf(paragraph, 0).left(), 0.0);
+        }
+        for (const int paragraph : {1, 2}) {
+            QCOMPARE(lineOf(paragraph, 0).right(), width);
+        }
+        QTest::keyClick(m_editor, Qt::Key_Home, Qt::ControlModifier);
+        QTest::keyClick(m_editor, Qt::Key_Down);
+        QTest::keyClick(m_editor, Qt::Key_Home);
+        QCOMPARE(m_editor->textCursor().positionInBlock(), 0);
+        QVERIFY(m_editor->cursorRect().x() > width - 3);
+        QVERIFY(m_editor->viewport()->rect().contains(m_editor->caretRect()));
+        m_editor->insertPlainText(u"ש"_s);
+        QCOMPARE(lineOf(1, 0).right(), width);
+    }
+
+    void eachLine_ofAParagraphFromTheRight_isAtTheRight()
+    {
+        m_editor->setText(u"שלום עולם "_s.repeated(40).trimmed());
+        const int lines = m_editor->document()->firstBlock().layout()->lineCount();
+        QVERIFY(lines > 3);
+        for (int line = 0; line < lines; ++line) {
+            const QRectF place = lineOf(0, line);
+            QVERIFY(qAbs(place.right() - m_editor->viewport()->width()) < 1);
+        }
+    }
+
     void deadBand_writesNothing()
     {
         QTRY_VERIFY(m_editor->hasFocus());
@@ -349,6 +383,14 @@ private slots:
     }
 
 private:
+    /// Where the letters of a line are, in the paragraph's coordinates.
+    [[nodiscard]] QRectF lineOf(int paragraph, int line) const
+    {
+        const QTextBlock block = m_editor->document()->findBlockByNumber(paragraph);
+        (void)m_editor->document()->documentLayout()->blockBoundingRect(block);
+        return block.layout()->lineAt(line).naturalTextRect();
+    }
+
     void paste(const QString &text)
     {
         QGuiApplication::clipboard()->setText(text);
