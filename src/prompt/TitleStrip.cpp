@@ -4,9 +4,12 @@
 #include "look/Accessible.h"
 #include "look/ControlStyle.h"
 #include "look/Fonts.h"
+#include "look/Labels.h"
 
 #include <QLabel>
 #include <QPainter>
+
+#include <algorithm>
 
 namespace
 {
@@ -15,6 +18,7 @@ constexpr int buttonLeft = 12;
 // So that it is easily hit (WCAG 2.2, 2.5.8).
 constexpr int buttonSide = 24;
 constexpr int hintTrailing = 24;
+constexpr int titleToHint = 12;
 } // namespace
 
 CloseButton::CloseButton(QWidget *parent)
@@ -72,12 +76,12 @@ TitleStrip::TitleStrip(const QString &title, const Look &look, QWidget *parent)
     : QWidget(parent)
     , m_closeButton(new CloseButton(this))
     , m_title(new QLabel(title, this))
-    , m_hint(new QLabel(tr("⌘↵ to save · esc to cancel"), this))
+    , m_hint(new ElidedLabel(systemFont(FontSizes::body), QPalette::WindowText, this))
 {
     m_title->setFont(systemFont(FontSizes::headline, QFont::DemiBold));
-    m_hint->setFont(systemFont(FontSizes::body));
-    for (QLabel *const label : {m_title, m_hint}) {
-        label->setTextFormat(Qt::PlainText);
+    m_title->setTextFormat(Qt::PlainText);
+    m_hint->setText(tr("⌘↵ to save · esc to cancel"));
+    for (QLabel *const label : {m_title, static_cast<QLabel *>(m_hint)}) {
         label->setAttribute(Qt::WA_TransparentForMouseEvents);
     }
     connect(m_closeButton, &QAbstractButton::clicked, this, &TitleStrip::closeRequested);
@@ -109,6 +113,7 @@ void TitleStrip::resizeEvent(QResizeEvent *)
     m_closeButton->move(buttonLeft - (buttonSide - buttonDiameter) / 2, (height - buttonSide) / 2);
     const int titleWidth = m_title->sizeHint().width();
     m_title->setGeometry((width() - titleWidth) / 2, 0, titleWidth, height);
-    const int hintWidth = m_hint->sizeHint().width();
+    const int room = width() - hintTrailing - m_title->geometry().right() - titleToHint;
+    const int hintWidth = std::min(m_hint->sizeHint().width(), room);
     m_hint->setGeometry(width() - hintTrailing - hintWidth, 0, hintWidth, height);
 }

@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QWidget>
 
+class ElidedLabel;
 class QLabel;
 
 /// The round button at the left of a prompt's title strip.
@@ -50,5 +51,5 @@ protected:
 private:
     CloseButton *m_closeButton;
     QLabel *m_title;
-    QLabel *m_hint;
+    ElidedLabel *m_hint;
 };
