@@ -133,9 +133,8 @@ QPoint AlertWindow::openingPlace(const QSize &size) const
 
 void AlertWindow::updateLook()
 {
-    const Look current = look(*desktop().appearance);
-    m_scheme = current.scheme;
-    setPalette(current.palette());
+    m_look = look(*desktop().appearance);
+    setPalette(m_look.palette());
     update();
 }
 
@@ -179,5 +178,5 @@ void AlertWindow::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(frameShape(), palette().color(QPalette::Window));
-    paintEdge(painter, m_scheme);
+    paintEdge(painter, m_look);
 }

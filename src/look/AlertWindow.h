@@ -2,6 +2,7 @@
 #pragma once
 
 #include "look/FloatingWindow.h"
+#include "look/Look.h"
 
 class QLabel;
 class QPushButton;
@@ -36,5 +37,5 @@ private:
 
     QWidget *m_content;
     QPushButton *m_button;
-    ColorScheme m_scheme = ColorScheme::Light;
+    Look m_look{};
 };

@@ -3,10 +3,12 @@
 
 #include "look/Look.h"
 #include "look/MenuDrawing.h"
+#include "look/ScrollBarDrawing.h"
 #include "look/Squircle.h"
 
 #include <QPainter>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QStyleOption>
 
 namespace
@@ -23,10 +25,9 @@ QColor shade(double opacity)
     return atOpacity(Qt::black, opacity);
 }
 
-void fillFace(QPainter &painter, const QRectF &rect, const QColor &face)
+void fillFace(QPainter &painter, const QRectF &rect, const QColor &rim, const QColor &face)
 {
-    painter.fillPath(squirclePath(rect.adjusted(-0.5, -0.5, 0.5, 0.5), controlRadius + 0.5),
-                     shade(0.16));
+    painter.fillPath(squirclePath(rect.adjusted(-0.5, -0.5, 0.5, 0.5), controlRadius + 0.5), rim);
     painter.fillPath(squirclePath(rect.translated(0, 1), controlRadius), shade(0.14));
     painter.fillPath(squirclePath(rect, controlRadius), face);
 }
@@ -45,7 +46,7 @@ void drawRadio(QPainter &painter, const QStyleOption &option)
         painter.setBrush(option.palette.color(Look::focusRingRole));
         painter.drawEllipse(QRectF(option.rect).adjusted(-ring, -ring, ring, ring));
     }
-    painter.setPen(QPen(isOn ? accent.darker(112) : shade(0.18), 1));
+    painter.setPen(QPen(isOn ? accent.darker(112) : option.palette.color(Look::controlRimRole), 1));
     painter.setBrush(isOn ? accent : option.palette.color(QPalette::Button));
     painter.drawEllipse(circle);
     if (isOn) {
@@ -108,7 +109,7 @@ void ControlStyle::drawFace(QPainter &painter, const QStyleOption &option, const
         painter.fillPath(squirclePath(ring, controlRadius + faceMargin),
                          option.palette.color(Look::focusRingRole));
     }
-    fillFace(painter, rect, face);
+    fillFace(painter, rect, option.palette.color(Look::controlRimRole), face);
     if (option.state.testFlag(QStyle::State_Sunken) && !isField) {
         painter.fillPath(squirclePath(rect, controlRadius), shade(0.12));
     } else if (option.state.testFlag(QStyle::State_MouseOver) && !isField
@@ -126,6 +127,14 @@ ControlStyle::ControlStyle()
 void ControlStyle::setProminent(QPushButton &button)
 {
     button.setProperty(prominentProperty, true);
+}
+
+void ControlStyle::polish(QWidget *widget)
+{
+    QProxyStyle::polish(widget);
+    if (qobject_cast<QScrollBar *>(widget) != nullptr) {
+        widget->setAttribute(Qt::WA_OpaquePaintEvent, false);
+    }
 }
 
 void ControlStyle::drawControl(ControlElement element, const QStyleOption *option,
@@ -207,6 +216,11 @@ void ControlStyle::drawComplexControl(ComplexControl control, const QStyleOption
         drawPopUpArrows(*painter, *option);
         return;
     }
+    if (const auto *const slider = qstyleoption_cast<const QStyleOptionSlider *>(option);
+        slider != nullptr && control == CC_ScrollBar) {
+        ScrollBarDrawing::draw(*painter, *slider);
+        return;
+    }
     QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
@@ -218,6 +232,10 @@ QRect ControlStyle::subControlRect(ComplexControl control, const QStyleOptionCom
         constexpr int arrows = faceMargin + 29;
         return option->rect.adjusted(leading, 0, -arrows, 0);
     }
+    if (const auto *const slider = qstyleoption_cast<const QStyleOptionSlider *>(option);
+        slider != nullptr && control == CC_ScrollBar) {
+        return ScrollBarDrawing::part(*slider, part);
+    }
     return QProxyStyle::subControlRect(control, option, part, widget);
 }
 
@@ -227,6 +245,7 @@ int ControlStyle::styleHint(StyleHint hint, const QStyleOption *option, const QW
     switch (hint) {
     case SH_UnderlineShortcut:
         return m_showsMnemonics ? 1 : 0;
+    case SH_ScrollBar_Transient: // over the content
     case SH_ComboBox_Popup: // opens with the chosen item, ticked, over the button
     case SH_Menu_MouseTracking:
     case SH_Menu_AllowActiveAndDisabled: // keys reach what a menu only tells, so that it is heard
@@ -251,6 +270,8 @@ int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
     case PM_MenuHMargin:
     case PM_MenuVMargin:
         return MenuDrawing::padding;
+    case PM_ScrollBarExtent:
+        return ScrollBarDrawing::extent;
     case PM_ExclusiveIndicatorWidth:
     case PM_ExclusiveIndicatorHeight:
         return radioSide;

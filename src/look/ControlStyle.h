@@ -36,6 +36,8 @@ public:
     static void drawFace(QPainter &painter, const QStyleOption &option);
     static void drawFace(QPainter &painter, const QStyleOption &option, const QColor &face);
 
+    using QProxyStyle::polish;
+    void polish(QWidget *widget) override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,

@@ -16,42 +16,29 @@ void fillRing(QPainter &painter, const QRectF &outside, qreal outerRadius, const
                          - squirclePath(outside.adjusted(1, 1, -1, -1), outerRadius - 1),
                      color);
 }
-
-QColor shadeOfRim(ColorScheme scheme)
-{
-    return atOpacity(Qt::black, scheme == ColorScheme::Light ? 0.16 : 0.55);
-}
-
-/// The light line inside the rim.
-QColor lightOfRim(ColorScheme scheme)
-{
-    return atOpacity(Qt::white, scheme == ColorScheme::Light ? 0.60 : 0.14);
-}
 } // namespace
 
-void FloatingShadow::paint(QPainter &painter, const QRectF &frame, qreal radius, ColorScheme scheme)
+void FloatingShadow::paint(QPainter &painter, const QRectF &frame, qreal radius, const Look &look)
 {
-    const bool isLight = scheme == ColorScheme::Light;
-    Shadow{.offsetY = 12, .blur = 36, .color = atOpacity(Qt::black, isLight ? 0.28 : 0.45)}.paint(
-        painter, frame, radius);
-    fillRing(painter, frame.adjusted(-1, -1, 1, 1), radius + 1,
-             atOpacity(isLight ? Qt::black : Qt::white, 0.10));
+    Shadow{.offsetY = 12, .blur = 36, .color = atOpacity(Qt::black, look.isLight() ? 0.28 : 0.45)}
+        .paint(painter, frame, radius);
+    fillRing(painter, frame.adjusted(-1, -1, 1, 1), radius + 1, look.shadowRim);
 }
 
 void FloatingShadow::paintRoundRim(QPainter &painter, const QRectF &frame, qreal radius,
-                                   ColorScheme scheme)
+                                   const Rim &rim)
 {
-    fillRing(painter, frame.adjusted(1, 1, -1, -1), radius - 1, lightOfRim(scheme));
-    fillRing(painter, frame, radius, shadeOfRim(scheme));
+    fillRing(painter, frame.adjusted(1, 1, -1, -1), radius - 1, rim.light);
+    fillRing(painter, frame, radius, rim.shade);
 }
 
-void FloatingShadow::paintRim(QPainter &painter, const QRectF &frame, ColorScheme scheme)
+void FloatingShadow::paintRim(QPainter &painter, const QRectF &frame, const Rim &rim)
 {
-    const auto draw = [&painter](const QRectF &rim, const QColor &color) {
+    const auto draw = [&painter](const QRectF &edge, const QColor &color) {
         painter.setPen(color);
         painter.setBrush(Qt::NoBrush);
-        painter.drawRect(rim.adjusted(0.5, 0.5, -0.5, -0.5));
+        painter.drawRect(edge.adjusted(0.5, 0.5, -0.5, -0.5));
     };
-    draw(frame.adjusted(1, 1, -1, -1), lightOfRim(scheme));
-    draw(frame, shadeOfRim(scheme));
+    draw(frame.adjusted(1, 1, -1, -1), rim.light);
+    draw(frame, rim.shade);
 }

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/ColorScheme.h"
-
 #include <QMargins>
 #include <QRectF>
 
 class QPainter;
+struct Look;
+struct Rim;
 
 /// The shadow and the rim that make a floating frame stand out from anything behind it.
 namespace FloatingShadow
@@ -15,9 +15,9 @@ namespace FloatingShadow
 inline constexpr QMargins margins{54, 42, 54, 66};
 
 /// Draws a soft shadow and a hairline around @p frame, and nothing inside it.
-void paint(QPainter &painter, const QRectF &frame, qreal radius, ColorScheme scheme);
+void paint(QPainter &painter, const QRectF &frame, qreal radius, const Look &look);
 /// Draw a rim just inside @p frame: with round corners for composited windows, else with square
 /// ones.
-void paintRoundRim(QPainter &painter, const QRectF &frame, qreal radius, ColorScheme scheme);
-void paintRim(QPainter &painter, const QRectF &frame, ColorScheme scheme);
+void paintRoundRim(QPainter &painter, const QRectF &frame, qreal radius, const Rim &rim);
+void paintRim(QPainter &painter, const QRectF &frame, const Rim &rim);
 } // namespace FloatingShadow

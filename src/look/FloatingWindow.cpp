@@ -2,6 +2,7 @@
 #include "look/FloatingWindow.h"
 
 #include "look/FloatingShadow.h"
+#include "look/Look.h"
 #include "look/Squircle.h"
 
 #include <QEvent>
@@ -67,12 +68,12 @@ void FloatingWindow::moveToOpeningPlace()
                                  - QPoint(m_shadowMargins.left(), m_shadowMargins.top()));
 }
 
-void FloatingWindow::paintEdge(QPainter &painter, ColorScheme scheme) const
+void FloatingWindow::paintEdge(QPainter &painter, const Look &look) const
 {
     if (m_behind == Behind::Opaque) {
-        FloatingShadow::paintRim(painter, frame(), scheme);
+        FloatingShadow::paintRim(painter, frame(), look.rim);
     } else {
-        FloatingShadow::paint(painter, frame(), m_cornerRadius, scheme);
+        FloatingShadow::paint(painter, frame(), m_cornerRadius, look);
     }
 }
 

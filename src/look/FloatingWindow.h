@@ -7,6 +7,8 @@
 
 class QPainterPath;
 
+struct Look;
+
 /// A window that draws its own frame: with a compositor, the frame has round corners and a shadow,
 /// which is not part of the frame and lets clicks through.
 class FloatingWindow : public QWidget
@@ -36,7 +38,7 @@ protected:
     [[nodiscard]] virtual QPoint openingPlace(const QSize &size) const = 0;
     void moveToOpeningPlace();
     /// Draws the shadow around the frame or, without a compositor, a rim inside it.
-    void paintEdge(QPainter &painter, ColorScheme scheme) const;
+    void paintEdge(QPainter &painter, const Look &look) const;
 
     bool event(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;

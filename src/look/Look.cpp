@@ -31,7 +31,10 @@ Look lightLook()
             .selection = {},
             .prominent = {},
             .focusRing = {},
-            .menuFace = QColor(0xF6F6F6)};
+            .menuFace = QColor(0xF6F6F6),
+            .controlRim = black(0.16),
+            .rim = {.shade = black(0.16), .light = white(0.60)},
+            .shadowRim = black(0.10)};
 }
 
 Look darkLook()
@@ -50,7 +53,10 @@ Look darkLook()
             .selection = {},
             .prominent = {},
             .focusRing = {},
-            .menuFace = QColor(0x3A3A3C)};
+            .menuFace = QColor(0x3A3A3C),
+            .controlRim = black(0.16),
+            .rim = {.shade = black(0.55), .light = white(0.14)},
+            .shadowRim = white(0.10)};
 }
 
 void raiseContrast(Look &look)
@@ -62,6 +68,10 @@ void raiseContrast(Look &look)
     look.placeholder = atOpacity(full, 0.75);
     look.hint = full;
     look.divider = atOpacity(full, 0.5);
+    // Half of it is covered by the face.
+    look.controlRim = full;
+    look.rim = {.shade = atOpacity(full, 0.75), .light = Qt::transparent};
+    look.shadowRim = look.rim.shade;
 }
 /// The accent as a background on which white text is readable. The required contrast is 4.5:1; thin
 /// strokes, which blend with the background, need a little more.
@@ -94,8 +104,8 @@ Look look(const Appearance &appearance, std::optional<ColorScheme> forced)
 
 QPalette Look::palette() const
 {
-    QPalette palette(primaryText, controlFace, white(isLight() ? 1 : 0.2), black(0.5), black(0.3),
-                     primaryText, QColor(Qt::white), textBackground, windowBackground);
+    QPalette palette(primaryText, controlFace, rim.light, controlRim, rim.shade, primaryText,
+                     QColor(Qt::white), textBackground, windowBackground);
     palette.setColor(QPalette::Highlight, selection);
     palette.setColor(QPalette::HighlightedText, primaryText);
     palette.setColor(QPalette::PlaceholderText, placeholder);

@@ -8,6 +8,13 @@
 
 #include <optional>
 
+/// The edge of a menu, and of a floating window that has no shadow.
+struct Rim {
+    QColor shade;
+    /// The line inside the shade.
+    QColor light;
+};
+
 /// The colours of our windows in one of the two colour schemes, adapted to the desktop's settings.
 struct Look {
     ColorScheme scheme;
@@ -27,6 +34,11 @@ struct Look {
     /// The accent with enough contrast for a ring around any control.
     QColor focusRing;
     QColor menuFace;
+    /// The line around the face of a control.
+    QColor controlRim;
+    Rim rim;
+    /// The line around a shadowed window.
+    QColor shadowRim;
 
     [[nodiscard]] bool isLight() const { return scheme == ColorScheme::Light; }
     /// The palette of our standard widgets. Labels of lower text levels and dividers use the roles
@@ -39,6 +51,9 @@ struct Look {
     static constexpr auto prominentRole = QPalette::Shadow;
     static constexpr auto focusRingRole = QPalette::AlternateBase;
     static constexpr auto menuFaceRole = QPalette::ToolTipBase;
+    static constexpr auto controlRimRole = QPalette::Dark;
+    static constexpr auto rimShadeRole = QPalette::Mid;
+    static constexpr auto rimLightRole = QPalette::Light;
 };
 
 /// The look for the desktop's settings, in the scheme @p forced if there is one.

@@ -19,13 +19,6 @@ constexpr int textInset = 10;
 constexpr int tickWidth = 15;
 constexpr int textToKeys = 24;
 
-ColorScheme schemeOf(const QPalette &palette)
-{
-    constexpr int middle = 128;
-    return palette.color(Look::menuFaceRole).lightness() < middle ? ColorScheme::Dark
-                                                                  : ColorScheme::Light;
-}
-
 bool canBeTicked(const QStyleOptionMenuItem &option)
 {
     return option.checkType != QStyleOptionMenuItem::NotCheckable;
@@ -51,16 +44,17 @@ void drawTick(QPainter &painter, const QRect &row, const QColor &color)
 void MenuDrawing::drawPanel(QPainter &painter, const QStyleOption &option, const QWidget *widget)
 {
     const QColor face = option.palette.color(Look::menuFaceRole);
-    const ColorScheme scheme = schemeOf(option.palette);
+    const Rim rim{.shade = option.palette.color(Look::rimShadeRole),
+                  .light = option.palette.color(Look::rimLightRole)};
     const QRectF rect = option.rect;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     if (widget != nullptr && widget->window()->testAttribute(Qt::WA_TranslucentBackground)) {
         painter.fillPath(squirclePath(rect, menuRadius), face);
-        FloatingShadow::paintRoundRim(painter, rect, menuRadius, scheme);
+        FloatingShadow::paintRoundRim(painter, rect, menuRadius, rim);
     } else {
         painter.fillRect(rect, face);
-        FloatingShadow::paintRim(painter, rect, scheme);
+        FloatingShadow::paintRim(painter, rect, rim);
     }
     painter.restore();
 }

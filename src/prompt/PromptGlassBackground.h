@@ -15,7 +15,6 @@ public:
     {
     }
 
-    [[nodiscard]] ColorScheme colorScheme() const { return m_colorScheme; }
     void paint(QPainter &painter, const QPainterPath &shape, FloatingWindow::Behind behind) const;
 
 private:

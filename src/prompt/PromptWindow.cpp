@@ -24,7 +24,7 @@ PromptWindow::PromptWindow(const QDateTime &openedAt, std::optional<ColorScheme>
                            const Desktop &desktop, PromptCallbacks callbacks)
     : FloatingWindow(desktop, PromptGlassBackground::cornerRadius, Qt::Tool)
     , m_forcedScheme(forcedScheme)
-    , m_background(look(*desktop.appearance, forcedScheme).scheme)
+    , m_look(look(*desktop.appearance, forcedScheme))
 {
     Accessible::setRole(*this, QAccessible::Dialog);
     const QString title = openedAt.toLocalTime().toString(QStringLiteral("HH:mm"));
@@ -43,11 +43,10 @@ PromptWindow::PromptWindow(const QDateTime &openedAt, std::optional<ColorScheme>
 
 void PromptWindow::createContent(const QString &title, PromptCallbacks callbacks)
 {
-    const Look initial = look(*desktop().appearance, m_forcedScheme);
     m_view = new PromptView(
-        std::move(callbacks), [this] { scheduleFit(); }, initial, this);
+        std::move(callbacks), [this] { scheduleFit(); }, m_look, this);
     m_view->serveMenu(*desktop().compositor);
-    m_titleStrip = new TitleStrip(title, initial, this);
+    m_titleStrip = new TitleStrip(title, m_look, this);
     m_view->setDescription(TitleStrip::spokenHint());
     setFocusProxy(m_view);
     connect(m_view, &PromptView::noteChanged, this, &PromptWindow::holdSession);
@@ -106,10 +105,9 @@ void PromptWindow::setFrameHeight(int height)
 
 void PromptWindow::updateLook()
 {
-    const Look current = look(*desktop().appearance, m_forcedScheme);
-    m_background = PromptGlassBackground(current.scheme);
-    m_view->setLook(current);
-    m_titleStrip->setLook(current);
+    m_look = look(*desktop().appearance, m_forcedScheme);
+    m_view->setLook(m_look);
+    m_titleStrip->setLook(m_look);
     update();
 }
 
@@ -136,8 +134,8 @@ void PromptWindow::moveEvent(QMoveEvent *)
 void PromptWindow::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    m_background.paint(painter, frameShape(), behind());
-    paintEdge(painter, m_background.colorScheme());
+    PromptGlassBackground(m_look.scheme).paint(painter, frameShape(), behind());
+    paintEdge(painter, m_look);
 }
 
 void PromptWindow::resizeEvent(QResizeEvent *event)

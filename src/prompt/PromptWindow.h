@@ -2,6 +2,7 @@
 #pragma once
 
 #include "look/FloatingWindow.h"
+#include "look/Look.h"
 #include "prompt/PromptGlassBackground.h"
 #include "prompt/PromptView.h"
 
@@ -41,7 +42,7 @@ private:
     void updateLook();
 
     std::optional<ColorScheme> m_forcedScheme;
-    PromptGlassBackground m_background;
+    Look m_look;
     TitleStrip *m_titleStrip = nullptr;
     PromptView *m_view = nullptr;
     QVariantAnimation m_heightAnimation;

@@ -3,6 +3,7 @@
 
 #include "core/AppState.h"
 #include "core/StateObserver.h"
+#include "look/TightScrollArea.h"
 #include "settings/SettingsView.h"
 
 #include <QVBoxLayout>
@@ -12,11 +13,12 @@ SettingsWindow::SettingsWindow(AppState &state)
     : PanelWindow(QStringLiteral("Tovla Settings"), QAccessible::Window)
     , m_state(state)
     , m_view(new SettingsView(state, this))
+    , m_area(new TightScrollArea(m_view, this))
 {
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    layout->addWidget(m_view);
+    layout->addWidget(m_area);
     styleControls();
 
     new StateObserver(state, this, [this] { updateLook(); });
@@ -31,5 +33,7 @@ void SettingsWindow::updateLook()
     // The theme is for the content; a chooser that opens over it follows the desktop.
     const Appearance &appearance = *m_state.desktop().appearance;
     setPalette(look(appearance).palette());
-    m_view->setLook(look(appearance, preferredColorScheme(m_state.theme())));
+    const Look content = look(appearance, preferredColorScheme(m_state.theme()));
+    m_area->setPalette(content.palette());
+    m_view->setLook(content);
 }

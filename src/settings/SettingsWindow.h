@@ -5,6 +5,7 @@
 
 class AppState;
 class SettingsView;
+class TightScrollArea;
 
 /// The one settings window. Closing it hides it.
 class SettingsWindow final : public PanelWindow
@@ -21,4 +22,5 @@ private:
 
     AppState &m_state;
     SettingsView *m_view;
+    TightScrollArea *m_area;
 };

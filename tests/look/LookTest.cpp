@@ -100,6 +100,12 @@ private slots:
             QVERIFY(contrastOver(high.tertiaryText, high.windowBackground) >= 4.5);
             QVERIFY(contrastOver(high.divider, high.windowBackground)
                     > contrastOver(usual.divider, usual.windowBackground));
+            for (const QColor &line :
+                 {high.divider, high.controlRim, high.rim.shade, high.shadowRim}) {
+                QVERIFY(contrastOver(line, high.windowBackground) >= 3);
+                QVERIFY(contrastOver(line, high.menuFace) >= 3);
+            }
+            QVERIFY(contrastOver(high.controlRim, high.controlFace) >= 3);
         }
     }
 
