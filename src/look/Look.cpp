@@ -73,6 +73,7 @@ void raiseContrast(Look &look)
     look.rim = {.shade = atOpacity(full, 0.75), .light = Qt::transparent};
     look.shadowRim = look.rim.shade;
 }
+
 /// The accent as a background on which white text is readable. The required contrast is 4.5:1; thin
 /// strokes, which blend with the background, need a little more.
 QColor prominent(const QColor &accent)
@@ -81,7 +82,6 @@ QColor prominent(const QColor &accent)
     return withContrast(accent.isValid() ? accent : Tints::blue.light, Qt::black, ratio,
                         {Qt::white});
 }
-
 } // namespace
 
 Look look(const Appearance &appearance, std::optional<ColorScheme> forced)
