@@ -22,9 +22,19 @@ class TrayTest(DesktopCase):
         entries = [properties for _, properties in self.item.entries()]
         self.assertFalse(entries[0]["enabled"])
         self.assertTrue(all(entry.get("enabled", True) for entry in entries[1:]))
-        keys = [[list(map(str, key)) for key in entry.get("shortcut", [])] for entry in entries]
-        self.assertEqual(keys, [[], [], [["Control", "J"]], [["Control", "comma"]], [], [], [],
-                                [["Control", "Q"]]])
+        self.assertEqual(self.shortcuts(), ["", "", "Control J", "Control comma", "", "", "",
+                                            "Control Q"])
+
+    def shortcuts(self):
+        return [" ".join(map(str, properties.get("shortcut", [[]])[0]))
+                for _, properties in self.item.entries()]
+
+    def test_keys_are_named_as_the_panel_knows_them(self):
+        for desktop, comma in (("KDE", ","), ("LXQt", ","), ("XFCE", "comma")):
+            self.tovla = self.desktop.start_tovla(XDG_CURRENT_DESKTOP=desktop)
+            self.item = self.tovla.wait_for_tray_item()
+            self.assertIn(f"Control {comma}", self.shortcuts())
+            self.desktop.stop_tovlas()
 
     def test_item_is_called_tovla(self):
         self.start()

@@ -22,7 +22,7 @@ private slots:
         m_menu->addSeparator();
         m_settings = m_menu->addAction(u"Settings…"_s);
         m_settings->setShortcut(Qt::CTRL | Qt::Key_Comma);
-        m_bus = new BusMenu(*m_menu, m_menu.get());
+        m_bus = new BusMenu(*m_menu, KeyNames::X11, m_menu.get());
     }
 
     void label_showsEveryCharacter_data()

@@ -17,14 +17,15 @@ QString BusMenu::path()
     return QStringLiteral("/MenuBar");
 }
 
-BusMenu::BusMenu(QMenu &menu, QObject *parent)
+BusMenu::BusMenu(QMenu &menu, KeyNames keyNames, QObject *parent)
     : QObject(parent)
     , m_menu(menu)
+    , m_keyNames(keyNames)
 {
     const QList<QAction *> actions = menu.actions();
     for (int id = 1; id <= actions.size(); ++id) {
         connect(action(id), &QAction::changed, this, [this, id] {
-            emit ItemsPropertiesUpdated({{id, busMenuProperties(*action(id))}}, {});
+            emit ItemsPropertiesUpdated({{id, busMenuProperties(*action(id), m_keyNames)}}, {});
         });
     }
 }
@@ -44,7 +45,7 @@ QVariantMap BusMenu::properties(int id, const QStringList &names) const
     if (id == rootId) {
         return {{QStringLiteral("children-display"), QStringLiteral("submenu")}};
     }
-    QVariantMap properties = busMenuProperties(*action(id));
+    QVariantMap properties = busMenuProperties(*action(id), m_keyNames);
     if (!names.isEmpty()) {
         properties.removeIf([&](auto property) { return !names.contains(property.key()); });
     }

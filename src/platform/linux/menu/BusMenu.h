@@ -23,7 +23,7 @@ public:
     static QString path();
 
     /// @p menu must outlive this object. No items may be added or removed later.
-    BusMenu(QMenu &menu, QObject *parent);
+    BusMenu(QMenu &menu, KeyNames keyNames, QObject *parent);
 
     [[nodiscard]] static uint version() { return 3; }
     [[nodiscard]] static QString textDirection();
@@ -54,4 +54,5 @@ private:
     [[nodiscard]] QVariantMap properties(int id, const QStringList &names) const;
 
     QMenu &m_menu;
+    KeyNames m_keyNames;
 };

@@ -29,16 +29,15 @@ QString label(const QString &text)
     return label;
 }
 
-/// The X key name, as hosts expect it.
-QString keyName(Qt::Key key)
+QString keyName(Qt::Key key, KeyNames names)
 {
-    if (key == Qt::Key_Comma) {
+    if (key == Qt::Key_Comma && names == KeyNames::X11) {
         return QStringLiteral("comma");
     }
     return QKeySequence(key).toString(QKeySequence::PortableText);
 }
 
-Shortcut shortcut(const QKeySequence &keys)
+Shortcut shortcut(const QKeySequence &keys, KeyNames keyNames)
 {
     if (keys.isEmpty()) {
         return {};
@@ -48,12 +47,12 @@ Shortcut shortcut(const QKeySequence &keys)
     if (first.keyboardModifiers().testFlag(Qt::ControlModifier)) {
         names.append(QStringLiteral("Control"));
     }
-    names.append(keyName(first.key()));
+    names.append(keyName(first.key(), keyNames));
     return {names};
 }
 } // namespace
 
-QVariantMap busMenuProperties(const QAction &action)
+QVariantMap busMenuProperties(const QAction &action, KeyNames names)
 {
     if (action.isSeparator()) {
         return {{QStringLiteral("type"), QStringLiteral("separator")},
@@ -62,7 +61,7 @@ QVariantMap busMenuProperties(const QAction &action)
     QVariantMap properties{{QStringLiteral("label"), label(action.text())},
                            {QStringLiteral("enabled"), action.isEnabled()},
                            {QStringLiteral("visible"), action.isVisible()}};
-    if (const Shortcut keys = shortcut(action.shortcut()); !keys.isEmpty()) {
+    if (const Shortcut keys = shortcut(action.shortcut(), names); !keys.isEmpty()) {
         properties.insert(QStringLiteral("shortcut"), QVariant::fromValue(keys));
     }
     return properties;

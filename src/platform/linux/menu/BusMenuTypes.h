@@ -9,6 +9,9 @@
 
 class QAction;
 
+/// How the host calls the keys in shortcuts: hosts know only the ones or the others.
+enum class KeyNames { X11, Toolkit };
+
 /// The data types of the interface com.canonical.dbusmenu (libdbusmenu, dbus-menu.xml).
 struct BusMenuItem {
     int id = 0;
@@ -52,4 +55,4 @@ void registerBusMenuTypes();
 
 /// The properties with which the desktop shows @p action. Those that can change are always
 /// included.
-[[nodiscard]] QVariantMap busMenuProperties(const QAction &action);
+[[nodiscard]] QVariantMap busMenuProperties(const QAction &action, KeyNames names);

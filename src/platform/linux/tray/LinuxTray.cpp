@@ -54,6 +54,12 @@ StatusNotifierItem::Host host()
     return recolours ? StatusNotifierItem::Host::RecoloursTheFile
                      : StatusNotifierItem::Host::DrawsTheFile;
 }
+
+/// The panels of desktops made with our toolkit read shortcuts with it.
+KeyNames keyNames()
+{
+    return isDesktop(u"KDE") || isDesktop(u"LXQt") ? KeyNames::Toolkit : KeyNames::X11;
+}
 } // namespace
 
 LinuxTray::LinuxTray(const Appearance &appearance)
@@ -83,7 +89,7 @@ void LinuxTray::exportItem()
     auto bus = QDBusConnection::sessionBus();
     bus.registerObject(StatusNotifierItem::path(), m_notifierItem,
                        QDBusConnection::ExportScriptableContents);
-    bus.registerObject(BusMenu::path(), new BusMenu(*m_item.menu, this),
+    bus.registerObject(BusMenu::path(), new BusMenu(*m_item.menu, keyNames(), this),
                        QDBusConnection::ExportScriptableContents);
     m_watcher = new StatusNotifierWatcher(bus, this);
     connect(m_watcher, &StatusNotifierWatcher::hostsChanged, this, [this] {
