@@ -113,10 +113,13 @@ class Desktop:
         return self.home / "Journal"
 
     def start_tovla(self, *arguments, **environment):
-        program = self.start(os.environ["TOVLA"], *arguments, stderr=subprocess.PIPE, text=True,
-                             env={**os.environ, **environment})
+        # Not a pipe: the program would wait for somebody to read it once it is full.
+        complaints = self.home / f"stderr-{len(self.processes)}"
+        with complaints.open("wb") as stderr:
+            program = self.start(os.environ["TOVLA"], *arguments, stderr=stderr,
+                                 env={**os.environ, **environment})
         self.tovlas.append(program)
-        return Tovla(program, self)
+        return Tovla(program, complaints, self)
 
     def forget_user(self):
         """Removes the preferences and the journal, as if the program had never run."""
@@ -170,8 +173,9 @@ class Desktop:
 class Tovla:
     """The running program, as a user and the desktop see it."""
 
-    def __init__(self, process, desktop):
+    def __init__(self, process, stderr, desktop):
         self.process = process
+        self.stderr = stderr
         self.desktop = desktop
 
     def is_running(self):
@@ -182,10 +186,8 @@ class Tovla:
         return self.process.returncode
 
     def complaints(self):
-        """Everything it wrote to stderr, except Qt's messages about parts of the newest AT-SPI that
-        it does not implement."""
-        return "".join(line for line in self.process.stderr
-                       if "AtSpiAdaptor" not in line or "does not implement" not in line)
+        """Everything it has written to stderr."""
+        return self.stderr.read_text()
 
     def wait_for_tray_item(self):
         return wait_for(lambda: self.desktop.tray.item_of(self.process.pid), "the tray item")
