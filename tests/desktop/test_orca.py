@@ -6,7 +6,7 @@ import accessibility
 from accessibility import Atspi, find, is_focused
 from case import QUESTION, SETTINGS, DesktopCase, press_keys, type_text
 from desktop import wait_for
-from orca import Orca
+from orca import Orca, start_speech_server
 from updates import (BROKEN, DOWNLOAD, NEWER, OFFER, VERSION, UpdateService, start_system_bus)
 
 HINT = "Control Return to save, Escape to cancel"
@@ -19,11 +19,18 @@ class OrcaTest(DesktopCase):
     def setUpClass(cls):
         super().setUpClass()
         start_system_bus(cls.desktop)
-        cls.orca = Orca(cls.desktop)
+        start_speech_server(cls.desktop)
 
     def setUp(self):
         super().setUp()
+        self.orca = Orca(self.desktop)
+        self.addCleanup(self.orca.close)
         self.orca.forget()
+
+    def tearDown(self):
+        super().tearDown()
+        # Screen readers ask for things that are gone, and nobody should find that in a log.
+        self.assertEqual(self.tovla.complaints(), "")
 
     def hear(self, *texts):
         """Waits until Orca has said all of these texts, in any order and between any others, and
@@ -53,10 +60,11 @@ class OrcaTest(DesktopCase):
         self.hear(SETTINGS, "Folder", "Choose…", f"Journal, {self.desktop.journal()}")
         self.press("Tab", hears=["How often you'll be nudged to write", "minutes"])
         self.press("Tab", hears=["Prompt Frequency", "60", "next at"])
-        self.press("Tab", hears=["Choose how Tovla looks", "Theme", "Dark", "selected"])
+        theme = [] if self.orca.is_terse else ["Theme"]
+        self.press("Tab", hears=["Choose how Tovla looks", *theme, "Dark", "selected"])
         self.press("Up", hears=["Light"])
-        self.press("Tab", hears=["Played when a writing prompt appears", "Sound combo box",
-                                 "Glass"])
+        row = [] if self.orca.is_terse else ["Played when a writing prompt appears"]
+        self.press("Tab", hears=[*row, "Sound combo box", "Glass"])
         self.press("Down", hears=["Hero"])
         self.press("Down", hears=["Morse"])
         self.press("Up", hears=["Hero"])
@@ -75,7 +83,8 @@ class OrcaTest(DesktopCase):
         self.hear("Choose…")
         stepper = find("Prompt Frequency", Atspi.Role.SPIN_BUTTON)
         stepper.get_component_iface().grab_focus()
-        self.hear("Prompt Frequency panel", "60", "next at")
+        panel = [] if self.orca.is_terse else ["Prompt Frequency panel"]
+        self.hear(*panel, "60", "next at")
         self.press("Up", hears=["65"])
         self.press("Down", hears=["60"])
         accessibility.press("Increase")
@@ -93,7 +102,8 @@ class OrcaTest(DesktopCase):
         self.hear("Choose…")
         find("Sound", Atspi.Role.COMBO_BOX).get_component_iface().grab_focus()
         self.hear("Sound combo box", "Purr")
-        self.press("space", hears=["14 items", "Purr"])
+        count = [] if self.orca.is_terse else ["14 items"]
+        self.press("space", hears=[*count, "Purr"])
         self.press("Down", hears=["Sosumi"])
         self.press("Escape", hears=["Purr"])
 

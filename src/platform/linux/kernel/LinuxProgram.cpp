@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QSessionManager>
 #include <QSocketNotifier>
 
@@ -89,6 +90,8 @@ void endInOneLine(QtMsgType type, const QMessageLogContext &, const QString &)
 void LinuxProgram::prepare()
 {
     qInstallMessageHandler(endInOneLine);
+    // Screen readers ask on for closed windows: that would be hundreds of lines a day in the log.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.accessibility.atspi.warning=false"));
     ownPath() = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
     // On Wayland, windows cannot place, raise or float themselves, but through XWayland they can.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
