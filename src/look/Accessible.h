@@ -23,7 +23,8 @@ void hide(QWidget &widget);
 /// not spoken.
 void describe(QWidget &widget, const QString &description);
 
-/// Does something of which a screen reader is not told.
+/// Does something of which a screen reader is not told, such as the making of a window: asked about
+/// what was half made, it would remember the answers.
 void quietly(const std::function<void()> &action);
 
 /// Has @p text spoken at once, wherever the focus is. @p window must be the active one.

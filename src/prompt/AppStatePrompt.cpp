@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/AppState.h"
+#include "look/Accessible.h"
 #include "prompt/PromptWindow.h"
 
 #include <QPointer>
@@ -26,8 +27,10 @@ void AppState::showPrompt()
                                           state->closePrompt();
                                       }
                                   }};
-    m_promptWindow.reset(
-        new PromptWindow(openedAt, preferredColorScheme(m_theme), m_desktop, std::move(callbacks)));
+    Accessible::quietly([&] {
+        m_promptWindow.reset(new PromptWindow(openedAt, preferredColorScheme(m_theme), m_desktop,
+                                              std::move(callbacks)));
+    });
     playSelectedSound();
     m_desktop.windows->present(*m_promptWindow);
 }

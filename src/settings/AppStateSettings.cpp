@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "core/AppState.h"
+#include "look/Accessible.h"
 #include "settings/SettingsWindow.h"
 
 void AppState::showSettings()
 {
     if (!m_settingsWindow) {
         m_desktop.appearance->windowsWillOpen();
-        m_settingsWindow.reset(new SettingsWindow(*this));
+        Accessible::quietly([this] { m_settingsWindow.reset(new SettingsWindow(*this)); });
     }
     m_desktop.windows->present(*m_settingsWindow);
 }

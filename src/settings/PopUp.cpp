@@ -103,7 +103,8 @@ void PopUp::showPopup()
 {
     QWidget *const list = view()->window();
     list->setAttribute(Qt::WA_TranslucentBackground, m_compositor.isRunning());
-    QComboBox::showPopup();
+    // Of the list's parts, which are no items, the toolkit would tell too, and complain.
+    Accessible::quietly([this] { QComboBox::showPopup(); });
     // The names stand where the closed pop-up shows the chosen one.
     constexpr int overhang = 20;
     list->setGeometry(list->geometry().adjusted(-overhang, 0, 0, 0));

@@ -2,6 +2,7 @@
 #include "updates/UpdaterController.h"
 
 #include "core/AppState.h"
+#include "look/Accessible.h"
 #include "updates/UpdateSession.h"
 #include "updates/UpdateWindow.h"
 
@@ -44,7 +45,7 @@ void UpdaterController::makeSession(const Desktop &desktop)
 void UpdaterController::makeWindow(const Desktop &desktop)
 {
     desktop.appearance->windowsWillOpen();
-    m_window = std::make_unique<UpdateWindow>(desktop, *m_session);
+    Accessible::quietly([&] { m_window = std::make_unique<UpdateWindow>(desktop, *m_session); });
     m_isUnderWay = m_session->state().isUnderWay();
     connect(m_window.get(), &UpdateWindow::restartRequested, this, &UpdaterController::restart);
     connect(m_session.get(), &UpdateSession::changed, this, &UpdaterController::showOutcome);
