@@ -1,43 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "support/AppStateForTests.h"
-#include "support/FileFaults.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimeZone>
+#include "support/SaveFixture.h"
 
 #include <cerrno>
 #include <cstring>
 #include <sys/stat.h>
 
-using namespace Qt::StringLiterals;
-
-namespace
-{
-/// 08:00 in Berlin.
-const QDateTime morning(QDate(2026, 11, 15), QTime(7, 0), QTimeZone::utc());
-const QByteArray entry = "## 08:00\nnote\n";
-const QByteArray newFile = "# 2026-11-15\n\n" + entry;
-} // namespace
-
 /// Saving to a failing disk, and while other programs change the same files.
-class SavePromptFaultsTest final : public QObject
+class SavePromptFaultsTest final : public SaveFixture
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        m_place = std::make_unique<QTemporaryDir>();
-        m_desktop = std::make_unique<TestDesktop>();
-        m_state = std::make_unique<AppStateForTests>(*m_desktop);
-        (*m_state)->setFolderPath(m_place->path());
-    }
-
-    void cleanup() { m_state.reset(); }
-
     void unreadableDayFile_staysAsItIs_data()
     {
         QTest::addColumn<int>("error");
@@ -314,15 +287,6 @@ private slots:
     }
 
 private:
-    static QString dayName() { return u"2026-11-15.md"_s; }
-    [[nodiscard]] QString path() const { return m_place->filePath(dayName()); }
-    [[nodiscard]] std::string dayPath() const { return path().toStdString(); }
-    void save() { m_state->savePrompt(u"note"_s, morning); }
-    void write(const QByteArray &bytes) const
-    {
-        QFile file(path());
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    }
     /// Replaces the old file with a new one, as editors do when they save.
     void replace(const QByteArray &bytes) const
     {
@@ -333,25 +297,11 @@ private:
                              QFile::encodeName(path()).constData()),
                  0);
     }
-    [[nodiscard]] QByteArray day() const
-    {
-        QFile file(path());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-    }
-    [[nodiscard]] QStringList names() const
-    {
-        return QDir(m_place->path())
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    }
     [[nodiscard]] QString alertText() const
     {
         return m_desktop->alerts.size() == 1 ? m_desktop->alerts.constFirst().informativeText
                                              : QString();
     }
-
-    std::unique_ptr<QTemporaryDir> m_place;
-    std::unique_ptr<TestDesktop> m_desktop;
-    std::unique_ptr<AppStateForTests> m_state;
 };
 
 QTEST_MAIN(SavePromptFaultsTest)

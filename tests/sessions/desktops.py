@@ -21,10 +21,11 @@ def _interface(scheme, theme):
 
 
 def _xfce(theme, dark_panel):
-    return [["xfconf-query", "-c", "xsettings", "-p", "/Net/ThemeName", "-n", "-t", "string",
-             "-s", theme],
-            ["xfconf-query", "-c", "xfce4-panel", "-p", "/panels/dark-mode", "-n", "-t", "bool",
-             "-s", dark_panel]]
+    # The panel's own setting first: nobody is told of it, and the panel does not draw icons anew.
+    return [["xfconf-query", "-c", "xfce4-panel", "-p", "/panels/dark-mode", "-n", "-t", "bool",
+             "-s", dark_panel],
+            ["xfconf-query", "-c", "xsettings", "-p", "/Net/ThemeName", "-n", "-t", "string",
+             "-s", theme]]
 
 
 TEXT = "/home/ann/words.txt"
