@@ -65,9 +65,20 @@ void NumberField::keyReleaseEvent(QKeyEvent *event)
     event->ignore();
 }
 
+void NumberField::show(const QString &text)
+{
+    m_shown = text;
+    setText(text);
+}
+
+bool NumberField::isEdited() const
+{
+    return isModified() || text() != m_shown;
+}
+
 void NumberField::commitIfEdited()
 {
-    if (isModified()) {
+    if (isEdited()) {
         commit();
     }
 }
@@ -147,7 +158,7 @@ void FrequencyControl::changeEvent(QEvent *event)
 void FrequencyControl::showMinutes(qint64 minutes)
 {
     m_minutes = minutes;
-    if (!m_number->isModified()) {
+    if (!m_number->isEdited()) {
         showNumber();
     }
     m_unit->setText(m_minutes == 1 ? tr("minute") : tr("minutes"));
@@ -162,7 +173,7 @@ void FrequencyControl::showNextPrompt(const std::optional<QDateTime> &next)
 
 void FrequencyControl::showNumber()
 {
-    m_number->setText(IntervalText::text(m_minutes, QLocale::system()));
+    m_number->show(IntervalText::text(m_minutes, QLocale::system()));
     m_stepper->setValue(static_cast<int>(m_minutes));
 }
 

@@ -24,7 +24,11 @@ class NumberField final : public QLineEdit
 public:
     NumberField(std::function<void(const QString &)> committed, QWidget *parent);
 
-    /// Takes what was typed and not committed yet, as when the focus goes.
+    /// Sets the text as committed.
+    void show(const QString &text);
+    /// There is another text than the one shown, whether typed or set by assistive technology.
+    [[nodiscard]] bool isEdited() const;
+    /// Takes what is not committed yet, as when the focus goes.
     void commitIfEdited();
 
 protected:
@@ -37,6 +41,7 @@ private:
     void commit();
 
     std::function<void(const QString &)> m_committed;
+    QString m_shown;
 };
 
 /// How many minutes there are between two prompts, and when the next one comes.

@@ -48,6 +48,17 @@ private slots:
         QCOMPARE(m_desktop->writes, 1);
     }
 
+    void number_thatAssistiveTechnologySets_isTakenWhenTheFocusGoes()
+    {
+        number()->setFocus();
+        QAccessibleInterface *const field = QAccessible::queryAccessibleInterface(number());
+        QVERIFY(field->editableTextInterface());
+        field->editableTextInterface()->replaceText(0, static_cast<int>(number()->text().size()),
+                                                    u"25"_s);
+        QTest::keyClick(number(), Qt::Key_Tab);
+        QCOMPARE((*m_state)->intervalMinutes(), 25);
+    }
+
     void editedNumber_isTakenWhenTheWindowCloses()
     {
         number()->setFocus();
