@@ -2,6 +2,7 @@
 #include "platform/linux/bus/PortalAppearance.h"
 
 #include "platform/linux/bus/Bus.h"
+#include "platform/linux/bus/Portal.h"
 
 #include <QDBusArgument>
 #include <QDBusConnection>
@@ -10,8 +11,6 @@
 
 namespace
 {
-const QString portalService = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearanceSpace = QStringLiteral("org.freedesktop.appearance");
 const QString gnomeSpace = QStringLiteral("org.gnome.desktop.interface");
@@ -79,9 +78,9 @@ PortalAppearance::PortalAppearance(std::unique_ptr<Appearance> otherwise)
 void PortalAppearance::connectToPortal()
 {
     auto bus = QDBusConnection::sessionBus();
-    bus.connect(portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"),
+    bus.connect(Portal::service, Portal::path, settingsInterface, QStringLiteral("SettingChanged"),
                 this, SLOT(settingChanged(QDBusMessage)));
-    const auto *watcher = new QDBusServiceWatcher(portalService, bus,
+    const auto *watcher = new QDBusServiceWatcher(Portal::service, bus,
                                                   QDBusServiceWatcher::WatchForRegistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceRegistered, this, [this] {
         readColorScheme();
@@ -120,7 +119,7 @@ void PortalAppearance::readRest()
 
 void PortalAppearance::read(const QString &space, const QString &key)
 {
-    auto call = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface,
+    auto call = QDBusMessage::createMethodCall(Portal::service, Portal::path, settingsInterface,
                                                QStringLiteral("Read"));
     call << space << key;
     Bus::ask(QDBusConnection::sessionBus(), call, this, [this, key](const QDBusMessage &reply) {

@@ -2,6 +2,7 @@
 #include "platform/linux/bus/PortalRequest.h"
 
 #include "platform/linux/bus/Bus.h"
+#include "platform/linux/bus/Portal.h"
 
 #include <QDBusArgument>
 #include <QDBusConnection>
@@ -12,8 +13,6 @@
 
 namespace
 {
-const QString portalService = QStringLiteral("org.freedesktop.portal.Desktop");
-const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString requestInterface = QStringLiteral("org.freedesktop.portal.Request");
 // A portal takes a request at once, but may have to be started for it.
 constexpr std::chrono::milliseconds patience = std::chrono::seconds(5);
@@ -22,7 +21,7 @@ constexpr std::chrono::milliseconds patience = std::chrono::seconds(5);
 QString expectedPath(const QDBusConnection &bus, const QString &token)
 {
     const QString sender = bus.baseService().mid(1).replace(u'.', u'_');
-    return QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token);
+    return Portal::path + QStringLiteral("/request/%1/%2").arg(sender, token);
 }
 
 QString newToken()
@@ -40,12 +39,12 @@ PortalRequest::PortalRequest(const QString &interface, const QString &method,
     const QString token = newToken();
     listenTo(expectedPath(bus, token));
     const auto *watcher = new QDBusServiceWatcher(
-        portalService, bus, QDBusServiceWatcher::WatchForUnregistration, this);
+        Portal::service, bus, QDBusServiceWatcher::WatchForUnregistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this, &PortalRequest::failed);
 
     options.insert(QStringLiteral("handle_token"), token);
     arguments.append(options);
-    auto call = QDBusMessage::createMethodCall(portalService, portalPath, interface, method);
+    auto call = QDBusMessage::createMethodCall(Portal::service, Portal::path, interface, method);
     call.setArguments(arguments);
     Bus::ask(
         bus, call, this, [this](const QDBusMessage &reply) { takeReply(reply); },
@@ -55,7 +54,7 @@ PortalRequest::PortalRequest(const QString &interface, const QString &method,
 void PortalRequest::listenTo(const QString &path)
 {
     m_path = path;
-    QDBusConnection::sessionBus().connect(portalService, path, requestInterface,
+    QDBusConnection::sessionBus().connect(Portal::service, path, requestInterface,
                                           QStringLiteral("Response"), this,
                                           SLOT(takeResponse(QDBusMessage)));
 }
@@ -101,5 +100,5 @@ void PortalRequest::close()
 void PortalRequest::sendClose() const
 {
     QDBusConnection::sessionBus().send(QDBusMessage::createMethodCall(
-        portalService, m_path, requestInterface, QStringLiteral("Close")));
+        Portal::service, m_path, requestInterface, QStringLiteral("Close")));
 }
