@@ -16,7 +16,7 @@ could_run() {
         *"only root"*) [ "$(id -u)" = 0 ] ;;
         *"no namespaces"*) unshare --mount --net --pid --fork true 2>/dev/null ;;
         *"no copy of this system"*) return 1 ;; # the kernel refused; there is no other way to know
-        *"no mirror"* | *"PackageKit cannot be had"*) as_root apt-get -qq --error-on=any update ;;
+        *"no mirror"* | *"PackageKit cannot be installed"*) as_root apt-get -qq --error-on=any update ;;
         *"address sanitizer"*) return 1 ;; # never with it, always without it
         *bindfs*) [ -w /dev/fuse ] ;;
         *"set the clock"*) setpriv --dump | grep -q '^Effective capabilities:.*sys_time' ;;

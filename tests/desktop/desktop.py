@@ -233,7 +233,7 @@ def wait_for(condition, what, patience=PATIENCE_SECONDS):
         if result:
             return result
         if time.monotonic() > deadline:
-            raise AssertionError(f"waited {patience} s in vain for {what}")
+            raise AssertionError(f"waited {patience} s for {what}, without success")
         GLib.timeout_add(10, lambda: False)
         context.iteration(True)
         while context.pending():

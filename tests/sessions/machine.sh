@@ -7,7 +7,7 @@ wait_until() {
     local deadline=$((SECONDS + $1)) what=$2
     shift 2
     until "$@"; do
-        [ "$SECONDS" -lt "$deadline" ] || { echo "waited in vain for $what" >&2; return 1; }
+        [ "$SECONDS" -lt "$deadline" ] || { echo "$what did not come" >&2; return 1; }
         read -r -t 0.1 _ <> <(:) || true
     done
 }

@@ -20,7 +20,7 @@ def wait_for(condition, what, patience=30):
         if result:
             return result
         if time.monotonic() > deadline:
-            raise InVain(f"waited {patience} s in vain for {what}")
+            raise InVain(f"waited {patience} s for {what}, without success")
         GLib.timeout_add(50, lambda: False)
         context.iteration(True)
 
