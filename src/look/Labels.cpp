@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "look/Labels.h"
 
+#include "look/Fonts.h"
+#include "look/Look.h"
+
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace
 {
@@ -45,6 +50,22 @@ QString ElidedLabel::shownText() const
 bool ElidedLabel::isElided() const
 {
     return shownText() != text().simplified();
+}
+
+bool ElidedLabel::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip || !isElided()) {
+        return QLabel::event(event);
+    }
+    QPalette colors; // tooltips do not inherit a label's
+    colors.setColor(QPalette::ToolTipBase, palette().color(Look::menuFaceRole));
+    colors.setColor(QPalette::ToolTipText, palette().color(QPalette::WindowText));
+    QToolTip::setPalette(colors);
+    QToolTip::setFont(systemFont(FontSizes::subheadline));
+    // Tooltips take what looks like markup for markup.
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
+                       QStringLiteral("<span>%1</span>").arg(text().toHtmlEscaped()), this);
+    return true;
 }
 
 void ElidedLabel::paintEvent(QPaintEvent *)

@@ -16,8 +16,8 @@ namespace Labels
 [[nodiscard]] QString withMnemonic(const QString &text);
 } // namespace Labels
 
-/// A single-line label that elides the middle of its text if it is too long. It never requests more
-/// space than is available.
+/// A single-line label that elides the middle of its text if it is too long, and then shows the
+/// whole text in a tooltip. It never requests more space than is available.
 class ElidedLabel final : public QLabel
 {
     Q_OBJECT
@@ -31,6 +31,7 @@ public:
     [[nodiscard]] bool isElided() const;
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

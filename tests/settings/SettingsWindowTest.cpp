@@ -4,7 +4,10 @@
 
 #include <QAccessible>
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QRadioButton>
+#include <QTextDocument>
+#include <QToolTip>
 
 class SettingsWindowTest final : public SettingsFixture
 {
@@ -117,6 +120,29 @@ private slots:
             // 12, a space of at least 8, and 12 again.
             QCOMPARE(faceOf(*button()).left() - placeOf(*label).right() - 1, 32);
         }
+    }
+
+    void shortenedPath_isShownWholeInATooltip()
+    {
+        const auto point = [this] {
+            QHelpEvent event(QEvent::ToolTip, QPoint(3, 3), path()->mapToGlobal(QPoint(3, 3)));
+            QCoreApplication::sendEvent(path(), &event);
+        };
+        (*m_state)->setFolderPath(u"/tmp/Journal"_s);
+        QTRY_VERIFY(!path()->isElided());
+        point();
+        QVERIFY(!QToolTip::isVisible());
+        const QString folder = u"/tmp/"_s + u"a<b>&long/"_s.repeated(20) + u"Journal"_s;
+        (*m_state)->setFolderPath(folder);
+        QTRY_VERIFY(path()->isElided());
+        point();
+        QTRY_VERIFY(QToolTip::isVisible());
+        QTextDocument shown;
+        shown.setHtml(QToolTip::text());
+        QCOMPARE(shown.toPlainText(), folder);
+        QCOMPARE(QToolTip::palette().color(QPalette::Inactive, QPalette::ToolTipBase),
+                 path()->palette().color(Look::menuFaceRole));
+        QToolTip::hideText();
     }
 
     void faces_standWhereTheLayoutCounts()
