@@ -90,7 +90,7 @@ void endInOneLine(QtMsgType type, const QMessageLogContext &, const QString &)
 void LinuxProgram::prepare()
 {
     qInstallMessageHandler(endInOneLine);
-    // Screen readers ask on for closed windows: that would be hundreds of lines a day in the log.
+    // Screen readers keep asking about closed windows: hundreds of lines a day in the log.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.accessibility.atspi.warning=false"));
     ownPath() = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
     // On Wayland, windows cannot place, raise or float themselves, but through XWayland they can.
