@@ -8,6 +8,7 @@ import glob
 import os
 import subprocess
 import sys
+import tempfile
 from pathlib import Path
 
 PROGRAM, PICTURES = Path(sys.argv[1]).resolve(), Path(sys.argv[2]).resolve()
@@ -16,6 +17,16 @@ os.environ["TOVLA"] = str(PROGRAM)
 CLOCK = {"LD_PRELOAD": glob.glob("/usr/lib/*/faketime/libfaketimeMT.so.1")[0],
          "FAKETIME": "@2026-11-15 14:30:00"}
 WALLPAPERS = {"light": ("#8fb9dc", "#d9c6ea", "#f3d3b6"), "dark": ("#16222c", "#37284e", "#54402f")}
+# Each desktop frames windows in its own way, so they are shown without a frame, but with a shadow. The
+# card brings its own.
+WITHOUT_FRAMES = """<?xml version="1.0"?><openbox_config xmlns="http://openbox.org/3.4/rc">
+<theme><keepBorder>no</keepBorder></theme>
+<applications><application class="*"><decor>no</decor></application></applications>
+</openbox_config>"""
+os.environ["TOVLA_TEST_COMPOSITOR"] = (
+    "picom --backend xrender --config /dev/null --no-fading-openclose --shadow --shadow-radius 24 "
+    "--shadow-opacity 0.35 --shadow-offset-x -24 --shadow-offset-y -14 "
+    "--shadow-exclude _GTK_FRAME_EXTENTS@:c")
 LINES = ("Finished the report.", "Long walk afterwards, the first in weeks.", "- call Ann back")
 
 
@@ -31,8 +42,12 @@ def one_desktop(scale, compositor):
     from case import QUESTION, active_window_title, geometry_of, is_time, press_keys, type_text
     from desktop import Desktop, wait_for
     side = 1280 * scale
-    desktop = Desktop(compositor=compositor == "composited", scale=scale,
-                      size=f"{side}x{900 * scale}")
+    with tempfile.NamedTemporaryFile("w", suffix=".xml") as settings:
+        settings.write(WITHOUT_FRAMES)
+        settings.flush()
+        desktop = Desktop(compositor=compositor == "composited", scale=scale,
+                          size=f"{side}x{900 * scale}",
+                          window_manager=f"openbox --config-file {settings.name}")
     import accessibility
     import portal
     import updates
