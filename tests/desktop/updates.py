@@ -43,9 +43,7 @@ PAGES = {
 
 
 def start_system_bus(desktop):
-    bus = desktop.start("dbus-daemon", "--session", "--nofork", "--print-address=1",
-                        stdout=subprocess.PIPE, text=True)
-    os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = bus.stdout.readline().strip()
+    _, os.environ["DBUS_SYSTEM_BUS_ADDRESS"] = desktop.start_bus()
 
 
 class UpdateService:
