@@ -2,48 +2,19 @@
 #pragma once
 
 #include "look/Look.h"
-#include "prompt/EditorHeight.h"
 
 #include <QWidget>
 
 #include <functional>
 
-class BareTextEditor;
 class Compositor;
+class WritingBox;
 
 /// What a prompt tells whoever opened it. It never saves or closes by itself.
 struct PromptCallbacks {
     /// Gets a note that is not empty and has no white space at either end.
     std::function<void(const QString &text)> onSubmit;
     std::function<void()> onCancel;
-};
-
-/// The white box of a prompt with the note in it. Clips the editor while the prompt still grows
-/// towards the height of its text.
-class WritingBox final : public QWidget
-{
-    Q_OBJECT
-    Q_DISABLE_COPY_MOVE(WritingBox)
-
-public:
-    static constexpr qreal cornerRadius = 14;
-
-    WritingBox(const Look &look, std::function<void()> heightChanged, QWidget *parent);
-
-    [[nodiscard]] BareTextEditor &editor() { return *m_editor; }
-    [[nodiscard]] double editorHeight() const { return m_editorHeight; }
-    void setLook(const Look &look);
-
-protected:
-    void paintEvent(QPaintEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-
-private:
-    void layOutEditor();
-
-    double m_editorHeight = EditorHeight::minimum;
-    QColor m_background;
-    BareTextEditor *m_editor;
 };
 
 /// The content of a prompt: the writing box on the backdrop, with the two commands of the keyboard,
@@ -65,7 +36,7 @@ public:
     /// There is no note yet that could be submitted.
     [[nodiscard]] bool isBlank() const;
     /// The height of the writing box.
-    [[nodiscard]] double editorHeight() const { return m_box->editorHeight(); }
+    [[nodiscard]] double editorHeight() const;
     /// 560 wide, and as high as the text wants.
     [[nodiscard]] QSize sizeHint() const override;
     void setLook(const Look &look);

@@ -2,75 +2,20 @@
 #include "prompt/TitleStrip.h"
 
 #include "look/Accessible.h"
-#include "look/ControlStyle.h"
 #include "look/Fonts.h"
 #include "look/Labels.h"
+#include "prompt/CloseButton.h"
 
 #include <QLabel>
-#include <QPainter>
 
 #include <algorithm>
 
 namespace
 {
-constexpr int buttonDiameter = 12;
 constexpr int buttonLeft = 12;
-// So that it is easily hit (WCAG 2.2, 2.5.8).
-constexpr int buttonSide = 24;
 constexpr int hintTrailing = 24;
 constexpr int titleToHint = 12;
 } // namespace
-
-CloseButton::CloseButton(QWidget *parent)
-    : QAbstractButton(parent)
-{
-    setAccessibleName(tr("Close"));
-    setFixedSize(buttonSide, buttonSide);
-    // A click must not take the caret out of the note; Control-Tab can.
-    setFocusPolicy(Qt::TabFocus);
-}
-
-bool CloseButton::showsCross() const
-{
-    return underMouse() || hasFocus() || isDown();
-}
-
-void CloseButton::paintEvent(QPaintEvent *)
-{
-    const QColor red(0xFF5F57);
-    QRectF circle(0, 0, buttonDiameter, buttonDiameter);
-    circle.moveCenter(QRectF(rect()).center());
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    if (hasFocus()) {
-        constexpr qreal ring = ControlStyle::faceMargin;
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(palette().color(Look::focusRingRole));
-        painter.drawEllipse(circle.adjusted(-ring, -ring, ring, ring));
-    }
-    painter.setPen(QPen(red.darker(115), 0.5));
-    painter.setBrush(isDown() ? red.darker(125) : red);
-    painter.drawEllipse(circle.adjusted(0.25, 0.25, -0.25, -0.25));
-    if (showsCross()) {
-        constexpr qreal arm = 2.4;
-        const QPointF centre = circle.center();
-        painter.setPen(QPen(QColor(0x7E0508), 1.2, Qt::SolidLine, Qt::RoundCap));
-        painter.drawLine(centre - QPointF(arm, arm), centre + QPointF(arm, arm));
-        painter.drawLine(centre - QPointF(arm, -arm), centre + QPointF(arm, -arm));
-    }
-}
-
-void CloseButton::enterEvent(QEnterEvent *event)
-{
-    QAbstractButton::enterEvent(event);
-    update();
-}
-
-void CloseButton::leaveEvent(QEvent *event)
-{
-    QAbstractButton::leaveEvent(event);
-    update();
-}
 
 TitleStrip::TitleStrip(const QString &title, const Look &look, QWidget *parent)
     : QWidget(parent)
@@ -110,7 +55,8 @@ void TitleStrip::setLook(const Look &look)
 
 void TitleStrip::resizeEvent(QResizeEvent *)
 {
-    m_closeButton->move(buttonLeft - (buttonSide - buttonDiameter) / 2, (height - buttonSide) / 2);
+    m_closeButton->move(buttonLeft - (CloseButton::side - CloseButton::diameter) / 2,
+                        (height - CloseButton::side) / 2);
     const int titleWidth = m_title->sizeHint().width();
     m_title->setGeometry((width() - titleWidth) / 2, 0, titleWidth, height);
     const int room = width() - hintTrailing - m_title->geometry().right() - titleToHint;

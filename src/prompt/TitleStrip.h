@@ -3,29 +3,11 @@
 
 #include "look/Look.h"
 
-#include <QAbstractButton>
 #include <QWidget>
 
+class CloseButton;
 class ElidedLabel;
 class QLabel;
-
-/// The round button at the left of a prompt's title strip.
-class CloseButton final : public QAbstractButton
-{
-    Q_OBJECT
-    Q_DISABLE_COPY_MOVE(CloseButton)
-
-public:
-    explicit CloseButton(QWidget *parent);
-
-protected:
-    void paintEvent(QPaintEvent *event) override;
-    void enterEvent(QEnterEvent *event) override;
-    void leaveEvent(QEvent *event) override;
-
-private:
-    [[nodiscard]] bool showsCross() const;
-};
 
 /// The strip above a prompt's content: the close button, the time and what the keyboard can do.
 class TitleStrip final : public QWidget

@@ -8,86 +8,18 @@
 #include "look/Look.h"
 #include "look/OverhangItem.h"
 #include "look/TextMenu.h"
+#include "settings/NumberField.h"
 #include "settings/Stepper.h"
 
 #include <QEvent>
-#include <QFocusEvent>
 #include <QHBoxLayout>
-#include <QKeyEvent>
+#include <QLabel>
 
 namespace
 {
-constexpr int numberWidth = 56;
 constexpr int spacing = 8;
-// Beside what the toolkit leaves free at each end of a text field.
-constexpr int textMargin = 2;
 constexpr int nextSpacing = 4;
 } // namespace
-
-NumberField::NumberField(std::function<void(const QString &)> committed, QWidget *parent)
-    : QLineEdit(parent)
-    , m_committed(std::move(committed))
-{
-    setFont(systemFont(FontSizes::body));
-    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    setFixedSize(numberWidth + 2 * ControlStyle::faceMargin, ControlStyle::outerHeight);
-    setTextMargins(textMargin, 0, textMargin, 0);
-    connect(this, &QLineEdit::returnPressed, this, &NumberField::commit);
-}
-
-void NumberField::focusOutEvent(QFocusEvent *event)
-{
-    QLineEdit::focusOutEvent(event);
-    if (event->reason() != Qt::PopupFocusReason) {
-        commitIfEdited();
-    }
-}
-
-void NumberField::hideEvent(QHideEvent *event)
-{
-    commitIfEdited();
-    QLineEdit::hideEvent(event);
-}
-
-void NumberField::keyPressEvent(QKeyEvent *event)
-{
-    if (event->matches(QKeySequence::Paste)) {
-        TextMenu::paste(*this);
-    } else {
-        QLineEdit::keyPressEvent(event);
-    }
-}
-
-void NumberField::keyReleaseEvent(QKeyEvent *event)
-{
-    QLineEdit::keyReleaseEvent(event);
-    // The window waits for Alt to be let go.
-    event->ignore();
-}
-
-void NumberField::show(const QString &text)
-{
-    m_shown = text;
-    setText(text);
-}
-
-bool NumberField::isEdited() const
-{
-    return isModified() || text() != m_shown;
-}
-
-void NumberField::commitIfEdited()
-{
-    if (isEdited()) {
-        commit();
-    }
-}
-
-void NumberField::commit()
-{
-    setModified(false);
-    m_committed(text());
-}
 
 FrequencyControl::FrequencyControl(const Compositor &compositor)
     : m_number(new NumberField([this](const QString &text) { take(text); }, this))

@@ -5,54 +5,18 @@
 #include "look/Fonts.h"
 #include "look/Labels.h"
 #include "look/OverhangItem.h"
-#include "look/Squircle.h"
-#include "look/Symbol.h"
+#include "settings/IconTile.h"
 
 #include <QHBoxLayout>
-#include <QPainter>
 
 namespace
 {
-constexpr int tileRadius = 8;
-constexpr int symbolSide = 20;
 constexpr int rowPadding = 14;
 constexpr int tileToTexts = 14;
 constexpr int tileLowering = 1;
 constexpr int textsToControl = 16;
 constexpr int labelToDetail = 2;
-// The tile is lit from above.
-constexpr double whiteAtTheTop = 0.25;
 } // namespace
-
-IconTile::IconTile(QString icon, const Tint &tint, QWidget *parent)
-    : QWidget(parent)
-    , m_icon(std::move(icon))
-    , m_tint(tint)
-{
-    Accessible::hide(*this);
-    setFixedSize(side, side);
-}
-
-void IconTile::setColorScheme(ColorScheme scheme)
-{
-    m_scheme = scheme;
-    update();
-}
-
-void IconTile::paintEvent(QPaintEvent *)
-{
-    const QColor tint = m_tint.in(m_scheme);
-    QLinearGradient gradient(0, 0, 0, side);
-    gradient.setColorAt(0, mixed(Qt::white, whiteAtTheTop, tint));
-    gradient.setColorAt(1, tint);
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(squirclePath(rect(), tileRadius), gradient);
-    constexpr int symbolStart = (side - symbolSide) / 2;
-    painter.drawPixmap(
-        symbolStart, symbolStart,
-        symbol(m_icon, QSize(symbolSide, symbolSide), Qt::white, devicePixelRatioF()));
-}
 
 SettingRow::SettingRow(const QString &icon, const Tint &tint, const QString &label,
                        const QString &detail, QWidget *control, QWidget *parent)
@@ -79,6 +43,11 @@ SettingRow::SettingRow(const QString &icon, const Tint &tint, const QString &lab
     row->setSpacing(tileToTexts);
     row->addLayout(tileColumn);
     row->addLayout(column, 1);
+}
+
+void SettingRow::setColorScheme(ColorScheme scheme)
+{
+    m_tile->setColorScheme(scheme);
 }
 
 QWidget *SettingRow::createTexts(const QString &label, const QString &detail)

@@ -5,27 +5,7 @@
 
 #include <QWidget>
 
-/// The coloured tile with a symbol at the left of a row. An unknown symbol leaves it empty.
-class IconTile final : public QWidget
-{
-    Q_OBJECT
-    Q_DISABLE_COPY_MOVE(IconTile)
-
-public:
-    static constexpr int side = 34;
-
-    IconTile(QString icon, const Tint &tint, QWidget *parent);
-
-    void setColorScheme(ColorScheme scheme);
-
-protected:
-    void paintEvent(QPaintEvent *event) override;
-
-private:
-    QString m_icon;
-    Tint m_tint;
-    ColorScheme m_scheme = ColorScheme::Light;
-};
+class IconTile;
 
 /// One row of the settings: a tile at the left; beside it a title, a sentence that explains it, and
 /// the row's own control.
@@ -39,7 +19,7 @@ public:
     SettingRow(const QString &icon, const Tint &tint, const QString &label, const QString &detail,
                QWidget *control, QWidget *parent);
 
-    void setColorScheme(ColorScheme scheme) { m_tile->setColorScheme(scheme); }
+    void setColorScheme(ColorScheme scheme);
 
 private:
     [[nodiscard]] QWidget *createTexts(const QString &label, const QString &detail);

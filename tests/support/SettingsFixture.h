@@ -3,6 +3,7 @@
 
 #include "look/ControlStyle.h"
 #include "look/Labels.h"
+#include "settings/IconTile.h"
 #include "settings/SettingRow.h"
 #include "support/AppStateForTests.h"
 

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "look/Look.h"
+#include "prompt/EditorHeight.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class BareTextEditor;
+
+/// The white box of a prompt with the note in it. Clips the editor while the prompt still grows
+/// towards the height of its text.
+class WritingBox final : public QWidget
+{
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(WritingBox)
+
+public:
+    static constexpr qreal cornerRadius = 14;
+
+    WritingBox(const Look &look, std::function<void()> heightChanged, QWidget *parent);
+
+    [[nodiscard]] BareTextEditor &editor() { return *m_editor; }
+    [[nodiscard]] double editorHeight() const { return m_editorHeight; }
+    void setLook(const Look &look);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+
+private:
+    void layOutEditor();
+
+    double m_editorHeight = EditorHeight::minimum;
+    QColor m_background;
+    BareTextEditor *m_editor;
+};
