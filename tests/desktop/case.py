@@ -56,12 +56,14 @@ class DesktopCase(unittest.TestCase):
         editor = accessibility.find(QUESTION)
         wait_for(lambda: accessibility.is_focused(editor), "the caret in the prompt")
         wait_for(lambda: is_time(active_window_title()), "the prompt to be active")
+        window_of(active_window_title())
         return editor
 
     def open_settings(self, **preferences):
         self.start(**preferences)
         self.item.click("Settings…")
         wait_for(lambda: active_window_title() == SETTINGS, "the settings to be active")
+        window_of(SETTINGS)
 
     def focus_number(self):
         import accessibility
@@ -141,9 +143,15 @@ def color_at(x, y):
     return re.search(r"#[0-9A-F]{6}", picture)[0]
 
 
+def window_of(title):
+    """The visible window with that title. While the window manager frames it, searches miss it, even if
+    it is the active one already."""
+    return wait_for(lambda: visible_windows(title), f"the window {title!r}")[0]
+
+
 def geometry_of(title):
     """x, y, width and height on the screen of the visible window with that title."""
-    return geometry(wait_for(lambda: visible_windows(title), f"the window {title!r}")[0])
+    return geometry(window_of(title))
 
 
 def geometry(window):

@@ -3,9 +3,10 @@
 import unittest
 
 import accessibility
-from case import (SETTINGS, DesktopCase, active_window_title, frame_of, press_keys, type_text)
+from case import (SETTINGS, DesktopCase, active_window_title, frame_of, press_keys, type_text,
+                  window_of)
 from clipboard import SilentClipboard
-from desktop import output, search_windows, visible_windows, wait_for
+from desktop import output, search_windows, wait_for
 from input_method import ENVIRONMENT, InputMethod
 
 
@@ -65,7 +66,7 @@ class InputMethodTest(DesktopCase):
     def test_caret_follows_the_card_that_is_moved(self):
         self.wait_for_place(lambda *place: place[2] == 1, "the caret")
         x, y, _, _ = self.place()
-        (window,) = visible_windows(active_window_title())
+        window = window_of(active_window_title())
         output("xdotool", "windowmove", "--relative", str(window), "60", "40")
         self.wait_for_place(lambda new_x, new_y, *_: (new_x, new_y) == (x + 60, y + 40),
                             f"the caret moved from {x, y}")

@@ -4,8 +4,8 @@ import unittest
 
 import accessibility
 from case import (DARK, LIGHT, SETTINGS, DesktopCase, active_window_title, click, color_at,
-                  geometry_of, press_keys, type_text, visible_titles)
-from desktop import output, visible_windows, wait_for
+                  geometry_of, press_keys, type_text, visible_titles, window_of)
+from desktop import output, wait_for
 
 
 class SettingsTest(DesktopCase):
@@ -42,7 +42,7 @@ class SettingsTest(DesktopCase):
 
     def test_minimised_settings_are_not_lost(self):
         self.open_settings()
-        (window,) = visible_windows(SETTINGS)
+        window = window_of(SETTINGS)
         output("xdotool", "windowminimize", str(window))
         wait_for(lambda: SETTINGS not in visible_titles(), "the settings to be out of sight")
         self.item.click("Settings…")
