@@ -4,6 +4,7 @@
 #include "look/Fonts.h"
 #include "look/Look.h"
 #include "prompt/BareTextEditor.h"
+#include "prompt/Coordinator.h"
 #include "prompt/PromptView.h"
 
 #include <QApplication>

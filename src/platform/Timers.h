@@ -1,23 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/RepeatingTimer.h"
+
 #include <QtGlobal>
 
 #include <chrono>
 #include <functional>
 #include <memory>
-
-/// A running repeating timer. Destroying it stops it.
-class RepeatingTimer
-{
-public:
-    RepeatingTimer() = default;
-    virtual ~RepeatingTimer() = default;
-    Q_DISABLE_COPY_MOVE(RepeatingTimer)
-
-    /// The time until the next call, rounded up to seconds.
-    [[nodiscard]] virtual std::chrono::seconds remaining() const = 0;
-};
 
 /// Creates timers that wake the program once per interval and not in between.
 class Timers

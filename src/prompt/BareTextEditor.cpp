@@ -4,11 +4,10 @@
 #include "look/Accessible.h"
 #include "look/Fonts.h"
 #include "look/Look.h"
-#include "prompt/EditorHeight.h"
+#include "prompt/Coordinator.h"
 #include "prompt/ParagraphLayout.h"
 #include "prompt/PlainText.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethod>
@@ -26,19 +25,6 @@ namespace
 {
 constexpr int caretWidth = 1;
 
-/// The height of the text, measured line by line and given up beyond what the box can show: the
-/// cost does not grow with the note.
-double textHeight(const QTextDocument &document)
-{
-    double height = 0;
-    for (auto block = document.begin();
-         block.isValid() && height < EditorHeight::maximum - EditorHeight::chrome;
-         block = block.next()) {
-        height += document.documentLayout()->blockBoundingRect(block).height();
-    }
-    return height;
-}
-
 bool isClipboard(const QMimeData *source)
 {
     const QClipboard &clipboard = *QGuiApplication::clipboard();
@@ -55,9 +41,9 @@ bool insertsLineBreak(const QKeyEvent &event)
 
 BareTextEditor::BareTextEditor(const ContentHeight &contentHeight, QWidget *parent)
     : QPlainTextEdit(parent)
-    , m_coordinator(new Coordinator(*this, contentHeight))
 {
     auto *const note = new QTextDocument(this);
+    m_coordinator = new Coordinator(*note, contentHeight, this);
     note->setDocumentLayout(new ParagraphLayout(note));
     setDocument(note);
     Accessible::hide(*viewport());
@@ -199,7 +185,7 @@ bool BareTextEditor::repeatsEnded(const QInputMethodEvent &event)
     return repeats;
 }
 
-bool BareTextEditor::takeHasJustComposed()
+bool BareTextEditor::forgetJustComposed()
 {
     return std::exchange(m_hasJustComposed, false);
 }
@@ -274,24 +260,4 @@ void BareTextEditor::takeFocusAndMeasure()
         setFocus();
     }
     m_coordinator->updateHeight();
-}
-
-Coordinator::Coordinator(BareTextEditor &editor, ContentHeight contentHeight)
-    : QObject(&editor)
-    , m_editor(editor)
-    , m_contentHeight(std::move(contentHeight))
-{
-}
-
-void Coordinator::textDidChange()
-{
-    updateHeight();
-}
-
-void Coordinator::updateHeight()
-{
-    const double measured = EditorHeight::forText(textHeight(*m_editor.document()));
-    if (EditorHeight::differs(measured, m_contentHeight.read())) {
-        m_contentHeight.write(measured);
-    }
 }

@@ -3,15 +3,9 @@
 
 #include <QPlainTextEdit>
 
-#include <functional>
-
+class Coordinator;
+struct ContentHeight;
 struct Look;
-
-/// What the owner of an editor lends it: where the height of the box is kept.
-struct ContentHeight {
-    std::function<double()> read;
-    std::function<void(double)> write;
-};
 
 /// The writing surface: plain text on several lines, without border or scroll bars, which takes the
 /// keyboard once it is shown and measures the height of its own text.
@@ -34,7 +28,7 @@ public:
     [[nodiscard]] bool isComposing() const;
     /// A composition has ended and no key that the editor saw has come since; asking forgets it.
     /// Some engines end it themselves at a key that they then pass on.
-    [[nodiscard]] bool takeHasJustComposed();
+    [[nodiscard]] bool forgetJustComposed();
     /// Makes what is being composed part of the note, at its place.
     void endComposition();
     /// Tells the input method where the caret is now; to be called when the window has moved.
@@ -64,23 +58,5 @@ private:
     bool m_isEnding = false;
     /// What endComposition has committed, until the input method turns to something else.
     QString m_ended;
-    class Coordinator *m_coordinator;
-};
-
-/// Tells the owner of an editor the height of its text after each edit.
-class Coordinator final : public QObject
-{
-    Q_OBJECT
-    Q_DISABLE_COPY_MOVE(Coordinator)
-
-public:
-    /// @p editor owns this.
-    Coordinator(BareTextEditor &editor, ContentHeight contentHeight);
-
-    void textDidChange();
-    void updateHeight();
-
-private:
-    BareTextEditor &m_editor;
-    ContentHeight m_contentHeight;
+    Coordinator *m_coordinator;
 };

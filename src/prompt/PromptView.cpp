@@ -115,7 +115,7 @@ void PromptView::cancel()
         QGuiApplication::inputMethod()->reset();
         return;
     }
-    if (!m_box->editor().takeHasJustComposed()) {
+    if (!m_box->editor().forgetJustComposed()) {
         m_callbacks.onCancel();
     }
 }

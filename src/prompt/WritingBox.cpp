@@ -4,6 +4,7 @@
 #include "look/Accessible.h"
 #include "look/Squircle.h"
 #include "prompt/BareTextEditor.h"
+#include "prompt/Coordinator.h"
 #include "prompt/PromptView.h"
 
 #include <QMouseEvent>

@@ -22,7 +22,7 @@ constexpr int nextSpacing = 4;
 } // namespace
 
 FrequencyControl::FrequencyControl(const Compositor &compositor)
-    : m_number(new NumberField([this](const QString &text) { take(text); }, this))
+    : m_number(new NumberField([this](const QString &text) { setFromText(text); }, this))
     , m_stepper(new Stepper({.minimum = static_cast<int>(IntervalText::minimum),
                              .maximum = static_cast<int>(IntervalText::maximum),
                              .step = static_cast<int>(IntervalText::step)},
@@ -54,7 +54,7 @@ FrequencyControl::FrequencyControl(const Compositor &compositor)
     layout->addLayout(next);
 }
 
-void FrequencyControl::take(const QString &text)
+void FrequencyControl::setFromText(const QString &text)
 {
     if (const auto minutes = IntervalText::parsed(text, QLocale::system())) {
         m_minutes = IntervalText::clamped(*minutes);

@@ -35,7 +35,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    void take(const QString &text);
+    void setFromText(const QString &text);
     void step(int direction);
     void set(qint64 minutes);
     void showNumber();

@@ -96,10 +96,10 @@ void SettingsView::refresh()
 void SettingsView::pickFolder()
 {
     m_state.desktop().folderChooser->choose(*window(), tr("Choose"),
-                                            [this](const QString &path) { takeFolder(path); });
+                                            [this](const QString &path) { folderChosen(path); });
 }
 
-void SettingsView::takeFolder(const QString &path)
+void SettingsView::folderChosen(const QString &path)
 {
     if (m_state.desktop().files->isFaithful(path)) {
         m_state.setFolderPath(path);

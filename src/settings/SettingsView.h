@@ -32,7 +32,7 @@ private:
     void connectControls();
     void refresh();
     void pickFolder();
-    void takeFolder(const QString &path);
+    void folderChosen(const QString &path);
 
     AppState &m_state;
     QVBoxLayout *m_rows;

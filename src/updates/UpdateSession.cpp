@@ -90,10 +90,10 @@ void UpdateSession::check()
     UpdateState state{.stage = Stage::checking};
     state.canCancel = true;
     set(state);
-    m_packages.findPackageOf(m_programPath, then(&UpdateSession::takeOwnPackage));
+    m_packages.findPackageOf(m_programPath, then(&UpdateSession::ownPackageFound));
 }
 
-void UpdateSession::takeOwnPackage(const Outcome &outcome, const std::optional<Package> &own)
+void UpdateSession::ownPackageFound(const Outcome &outcome, const std::optional<Package> &own)
 {
     if (!outcome.succeeded()) {
         failToRetrieve(outcome);
@@ -103,27 +103,27 @@ void UpdateSession::takeOwnPackage(const Outcome &outcome, const std::optional<P
         m_own = *own;
         if (m_own.programVersion == m_version) {
             showProgress({});
-            m_packages.refreshSources(then(&UpdateSession::takeRefresh));
+            m_packages.refreshSources(then(&UpdateSession::refreshFinished));
         } else {
             enter(Stage::replaced);
         }
     }
 }
 
-void UpdateSession::takeRefresh(const Outcome &outcome)
+void UpdateSession::refreshFinished(const Outcome &outcome)
 {
     // Even after a failure: another source may have failed while ours was refreshed.
     m_refresh = outcome;
     showProgress({});
-    m_packages.findNewerVersion(m_own, then(&UpdateSession::takeNewerVersion));
+    m_packages.findNewerVersion(m_own, then(&UpdateSession::newerVersionFound));
 }
 
-void UpdateSession::takeNewerVersion(const Outcome &outcome, const std::optional<Package> &newer)
+void UpdateSession::newerVersionFound(const Outcome &outcome, const std::optional<Package> &newer)
 {
     if (!outcome.succeeded()) {
         failToRetrieve(outcome);
     } else if (newer) {
-        takeUpdate(*newer);
+        updateFound(*newer);
     } else if (!m_refresh.succeeded()) {
         failToRetrieve(m_refresh);
     } else {
@@ -133,7 +133,7 @@ void UpdateSession::takeNewerVersion(const Outcome &outcome, const std::optional
     }
 }
 
-void UpdateSession::takeUpdate(const Package &update)
+void UpdateSession::updateFound(const Package &update)
 {
     if (update.isHeldBack) {
         fail(Failure::notRetrieved,
@@ -145,11 +145,11 @@ void UpdateSession::takeUpdate(const Package &update)
     } else {
         m_update = update;
         showProgress({});
-        m_packages.readReleaseNotes(m_update, then(&UpdateSession::takeReleaseNotes));
+        m_packages.readReleaseNotes(m_update, then(&UpdateSession::releaseNotesFound));
     }
 }
 
-void UpdateSession::takeReleaseNotes(const Outcome &, const QString &notes)
+void UpdateSession::releaseNotesFound(const Outcome &, const QString &notes)
 {
     const bool isBuiltAnew = m_update.programVersion == m_version;
     m_offer = {.stage = Stage::available};
@@ -182,11 +182,11 @@ void UpdateSession::install()
     m_canGiveUp = true;
     enter(Stage::installing);
     showProgress({});
-    m_packages.simulate(m_update, then(&UpdateSession::takeChanges));
+    m_packages.simulate(m_update, then(&UpdateSession::changesFound));
 }
 
-void UpdateSession::takeChanges(const Outcome &outcome,
-                                const QList<PackageManager::Change> &changes)
+void UpdateSession::changesFound(const Outcome &outcome,
+                                 const QList<PackageManager::Change> &changes)
 {
     if (!outcome.succeeded()) {
         failToInstall(outcome);
@@ -212,10 +212,10 @@ void UpdateSession::installNow()
 {
     m_canGiveUp = false;
     showProgress({});
-    m_packages.install(m_update, then(&UpdateSession::takeInstallation));
+    m_packages.install(m_update, then(&UpdateSession::installationFinished));
 }
 
-void UpdateSession::takeInstallation(const Outcome &outcome)
+void UpdateSession::installationFinished(const Outcome &outcome)
 {
     if (outcome.failure == Trouble::notAuthorised) {
         m_offer.wasNotAuthorised = true;

@@ -37,15 +37,15 @@ private:
     using Outcome = PackageManager::Outcome;
     using Package = PackageManager::Package;
 
-    void takeOwnPackage(const Outcome &outcome, const std::optional<Package> &own);
-    void takeRefresh(const Outcome &outcome);
-    void takeNewerVersion(const Outcome &outcome, const std::optional<Package> &newer);
-    void takeUpdate(const Package &update);
-    void takeReleaseNotes(const Outcome &outcome, const QString &notes);
+    void ownPackageFound(const Outcome &outcome, const std::optional<Package> &own);
+    void refreshFinished(const Outcome &outcome);
+    void newerVersionFound(const Outcome &outcome, const std::optional<Package> &newer);
+    void updateFound(const Package &update);
+    void releaseNotesFound(const Outcome &outcome, const QString &notes);
     void explainNoUpdate(const Outcome &outcome, const std::optional<Package> &own);
-    void takeChanges(const Outcome &outcome, const QList<PackageManager::Change> &changes);
+    void changesFound(const Outcome &outcome, const QList<PackageManager::Change> &changes);
     void installNow();
-    void takeInstallation(const Outcome &outcome);
+    void installationFinished(const Outcome &outcome);
     void verifyInstallation(const Outcome &outcome, const std::optional<Package> &own);
 
     /// A callback that passes an answer on to @p next, unless the operation was cancelled or the

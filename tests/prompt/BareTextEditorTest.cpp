@@ -3,6 +3,7 @@
 
 #include "look/Look.h"
 #include "look/TextMenu.h"
+#include "prompt/Coordinator.h"
 #include "support/AppStateForTests.h"
 
 #include <QClipboard>
@@ -203,17 +204,17 @@ private slots:
             QCoreApplication::sendEvent(m_editor, &event);
         };
         compose(u"ㅎ"_s, {});
-        QVERIFY(!m_editor->takeHasJustComposed());
+        QVERIFY(!m_editor->forgetJustComposed());
         compose({}, u"하"_s);
         compose({}, {});
-        QVERIFY(m_editor->takeHasJustComposed());
-        QVERIFY(!m_editor->takeHasJustComposed());
+        QVERIFY(m_editor->forgetJustComposed());
+        QVERIFY(!m_editor->forgetJustComposed());
         compose(u"ㅎ"_s, {});
         compose({}, u"하"_s);
         QTest::keyRelease(m_editor, Qt::Key_Space); // the key that chose the candidate
-        QVERIFY(!m_editor->takeHasJustComposed());
+        QVERIFY(!m_editor->forgetJustComposed());
         compose({}, u"committed at once"_s);
-        QVERIFY(!m_editor->takeHasJustComposed());
+        QVERIFY(!m_editor->forgetJustComposed());
     }
 
     void composition_staysWhereItIs_atAClick()
@@ -227,7 +228,7 @@ private slots:
         QVERIFY(!m_editor->isComposing());
         QCOMPARE(m_editor->text(), u"note 한"_s);
         QCOMPARE(m_editor->textCursor().position(), 0);
-        QVERIFY(!m_editor->takeHasJustComposed());
+        QVERIFY(!m_editor->forgetJustComposed());
     }
 
     void composition_thatTheEngineCommitsToo_isThereOnce()

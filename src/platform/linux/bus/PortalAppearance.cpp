@@ -124,7 +124,7 @@ void PortalAppearance::read(const QString &space, const QString &key)
     call << space << key;
     Bus::ask(QDBusConnection::sessionBus(), call, this, [this, key](const QDBusMessage &reply) {
         if (reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty()) {
-            take(key, unwrapped(reply.arguments().constFirst()));
+            adopt(key, unwrapped(reply.arguments().constFirst()));
         }
     });
 }
@@ -138,11 +138,11 @@ void PortalAppearance::settingChanged(const QDBusMessage &message)
     const QString space = arguments.at(0).toString();
     const QString key = arguments.at(1).toString();
     if (space == appearanceSpace || (space == gnomeSpace && key == animationsKey)) {
-        take(key, unwrapped(arguments.at(2)));
+        adopt(key, unwrapped(arguments.at(2)));
     }
 }
 
-void PortalAppearance::take(const QString &key, const QVariant &value)
+void PortalAppearance::adopt(const QString &key, const QVariant &value)
 {
     if (key == colorSchemeKey) {
         m_colorScheme = colorSchemeFrom(value);

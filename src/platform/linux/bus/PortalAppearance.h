@@ -38,7 +38,7 @@ private:
     void readColorScheme();
     void readRest();
     void read(const QString &space, const QString &key);
-    void take(const QString &key, const QVariant &value);
+    void adopt(const QString &key, const QVariant &value);
 
     /// nullopt if the portal has no preference or has not answered yet.
     std::optional<ColorScheme> m_colorScheme;

@@ -47,7 +47,7 @@ PortalRequest::PortalRequest(const QString &interface, const QString &method,
     auto call = QDBusMessage::createMethodCall(Portal::service, Portal::path, interface, method);
     call.setArguments(arguments);
     Bus::ask(
-        bus, call, this, [this](const QDBusMessage &reply) { takeReply(reply); },
+        bus, call, this, [this](const QDBusMessage &reply) { requestAnswered(reply); },
         static_cast<int>(patience.count()));
 }
 
@@ -56,10 +56,10 @@ void PortalRequest::listenTo(const QString &path)
     m_path = path;
     QDBusConnection::sessionBus().connect(Portal::service, path, requestInterface,
                                           QStringLiteral("Response"), this,
-                                          SLOT(takeResponse(QDBusMessage)));
+                                          SLOT(responseReceived(QDBusMessage)));
 }
 
-void PortalRequest::takeReply(const QDBusMessage &reply)
+void PortalRequest::requestAnswered(const QDBusMessage &reply)
 {
     if (reply.type() != QDBusMessage::ReplyMessage) {
         // It may have been taken all the same, too late.
@@ -80,7 +80,7 @@ void PortalRequest::takeReply(const QDBusMessage &reply)
     }
 }
 
-void PortalRequest::takeResponse(const QDBusMessage &message)
+void PortalRequest::responseReceived(const QDBusMessage &message)
 {
     const QVariantList arguments = message.arguments();
     emit answered(arguments.value(0, 2U).toUInt(), qdbus_cast<QVariantMap>(arguments.value(1)));

@@ -29,10 +29,10 @@ signals:
     void failed();
 
 private slots:
-    void takeResponse(const QDBusMessage &message);
+    void responseReceived(const QDBusMessage &message);
 
 private:
-    void takeReply(const QDBusMessage &reply);
+    void requestAnswered(const QDBusMessage &reply);
     void listenTo(const QString &path);
     void sendClose() const;
 

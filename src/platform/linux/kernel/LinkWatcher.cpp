@@ -21,7 +21,7 @@ LinkWatcher::LinkWatcher(const QString &path, QObject *parent)
     }
     watch();
     m_notifier = new QSocketNotifier(m_descriptor, QSocketNotifier::Read, this);
-    connect(m_notifier, &QSocketNotifier::activated, this, &LinkWatcher::takeEvents);
+    connect(m_notifier, &QSocketNotifier::activated, this, &LinkWatcher::readEvents);
 }
 
 LinkWatcher::~LinkWatcher()
@@ -59,7 +59,7 @@ bool LinkWatcher::watchLink()
     return added >= 0;
 }
 
-void LinkWatcher::takeEvents()
+void LinkWatcher::readEvents()
 {
     if (!hasNews()) {
         return;

@@ -23,7 +23,7 @@ signals:
 private:
     void watch();
     [[nodiscard]] bool watchLink();
-    void takeEvents();
+    void readEvents();
     [[nodiscard]] bool hasNews() const;
 
     QByteArray m_path;

@@ -20,7 +20,7 @@ SystemClock::SystemClock(QString zonePath)
     itimerspec never{};
     never.it_value.tv_sec = std::numeric_limits<time_t>::max();
     timerfd_settime(m_descriptor, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &never, nullptr);
-    connect(m_notifier, &QSocketNotifier::activated, this, &SystemClock::takeSetting);
+    connect(m_notifier, &QSocketNotifier::activated, this, &SystemClock::readTimer);
 }
 
 SystemClock::~SystemClock()
@@ -29,7 +29,7 @@ SystemClock::~SystemClock()
     close(m_descriptor);
 }
 
-void SystemClock::takeSetting()
+void SystemClock::readTimer()
 {
     quint64 expirations = 0;
     if (read(m_descriptor, &expirations, sizeof expirations) < 0 && errno == ECANCELED) {

@@ -23,7 +23,7 @@ protected:
 
 private:
     void watchZone();
-    void takeSetting();
+    void readTimer();
 
     QString m_zonePath;
     bool m_watchesZone = false;

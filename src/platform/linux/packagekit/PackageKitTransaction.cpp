@@ -98,7 +98,7 @@ void PackageKitTransaction::run()
     call(propertiesInterface, QStringLiteral("GetAll"), {transactionInterface},
          [this](const QDBusMessage &reply) {
              if (!isFailure(reply)) {
-                 takeProgress(qdbus_cast<QVariantMap>(reply.arguments().value(0)));
+                 readProgress(qdbus_cast<QVariantMap>(reply.arguments().value(0)));
              }
          });
 }
@@ -108,21 +108,21 @@ void PackageKitTransaction::connectSignals()
     const auto listen = [this](const QString &interface, const char *name, const char *slot) {
         m_bus.connect(m_service, m_path, interface, QString::fromLatin1(name), this, slot);
     };
-    listen(transactionInterface, "Package", SLOT(takePackage(uint, QString, QString)));
-    listen(transactionInterface, "UpdateDetail", SLOT(takeUpdateDetail(QDBusMessage)));
-    listen(transactionInterface, "ErrorCode", SLOT(takeError(uint, QString)));
-    listen(transactionInterface, "Finished", SLOT(takeFinished(uint, uint)));
-    listen(transactionInterface, "Destroy", SLOT(takeDestroy()));
+    listen(transactionInterface, "Package", SLOT(packageReported(uint, QString, QString)));
+    listen(transactionInterface, "UpdateDetail", SLOT(updateDetailReported(QDBusMessage)));
+    listen(transactionInterface, "ErrorCode", SLOT(errorReported(uint, QString)));
+    listen(transactionInterface, "Finished", SLOT(finishedReported(uint, uint)));
+    listen(transactionInterface, "Destroy", SLOT(transactionDestroyed()));
     listen(propertiesInterface, "PropertiesChanged",
-           SLOT(takeProperties(QString, QVariantMap, QStringList)));
+           SLOT(propertiesReported(QString, QVariantMap, QStringList)));
     m_bus.connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
                   QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
-                  this, SLOT(takeLoss()));
+                  this, SLOT(serviceLost()));
     // A daemon that is killed during the transaction sends no signal.
     const auto *const watcher = new QDBusServiceWatcher(
         m_service, m_bus, QDBusServiceWatcher::WatchForUnregistration, this);
     connect(watcher, &QDBusServiceWatcher::serviceUnregistered, this,
-            &PackageKitTransaction::takeLoss);
+            &PackageKitTransaction::serviceLost);
 }
 
 void PackageKitTransaction::call(const QString &interface, const QString &method,
@@ -156,7 +156,7 @@ void PackageKitTransaction::forget()
     deleteLater();
 }
 
-void PackageKitTransaction::takePackage(uint info, const QString &id, const QString &)
+void PackageKitTransaction::packageReported(uint info, const QString &id, const QString &)
 {
     // The upper half is the urgency of an update.
     constexpr uint kind = 0xFFFF;
@@ -167,18 +167,18 @@ void PackageKitTransaction::takePackage(uint info, const QString &id, const QStr
     }
 }
 
-void PackageKitTransaction::takeUpdateDetail(const QDBusMessage &message)
+void PackageKitTransaction::updateDetailReported(const QDBusMessage &message)
 {
     m_outcome.updateDetail = message.arguments();
 }
 
-void PackageKitTransaction::takeError(uint code, const QString &text)
+void PackageKitTransaction::errorReported(uint code, const QString &text)
 {
     m_outcome.error = code;
     m_outcome.errorText = text.left(longestText);
 }
 
-void PackageKitTransaction::takeFinished(uint exit, uint)
+void PackageKitTransaction::finishedReported(uint exit, uint)
 {
     m_outcome.exit = exit;
     if (m_isIncomplete && m_outcome.succeeded()) {
@@ -189,40 +189,40 @@ void PackageKitTransaction::takeFinished(uint exit, uint)
     end();
 }
 
-void PackageKitTransaction::takeLoss()
+void PackageKitTransaction::serviceLost()
 {
     m_outcome.isServiceGone = true;
     end();
 }
 
-void PackageKitTransaction::takeDestroy()
+void PackageKitTransaction::transactionDestroyed()
 {
     // The error signal with the reason may still be on its way; it arrives before this reply.
     call(propertiesInterface, QStringLiteral("GetAll"), {transactionInterface},
          [this](const QDBusMessage &) { end(); });
 }
 
-void PackageKitTransaction::takeProperties(const QString &interface, const QVariantMap &changed,
-                                           const QStringList &)
+void PackageKitTransaction::propertiesReported(const QString &interface, const QVariantMap &changed,
+                                               const QStringList &)
 {
     if (interface == transactionInterface) {
-        takeProgress(changed);
+        readProgress(changed);
     }
 }
 
-void PackageKitTransaction::takeProgress(const QVariantMap &properties)
+void PackageKitTransaction::readProgress(const QVariantMap &properties)
 {
-    const auto take = [&properties](const char *name, auto &value) {
+    const auto adopt = [&properties](const char *name, auto &value) {
         const auto found = properties.constFind(QLatin1String(name));
         using Value = std::remove_reference_t<decltype(value)>;
         if (found != properties.constEnd() && found->canConvert<Value>()) {
             value = found->value<Value>();
         }
     };
-    take("Status", m_progress.status);
-    take("Percentage", m_progress.percentage);
-    take("AllowCancel", m_progress.allowsCancel);
-    take("DownloadSizeRemaining", m_progress.downloadSizeRemaining);
+    adopt("Status", m_progress.status);
+    adopt("Percentage", m_progress.percentage);
+    adopt("AllowCancel", m_progress.allowsCancel);
+    adopt("DownloadSizeRemaining", m_progress.downloadSizeRemaining);
     emit progressChanged();
 }
 

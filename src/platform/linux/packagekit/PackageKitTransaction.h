@@ -93,14 +93,14 @@ signals:
     void progressChanged();
 
 private slots:
-    void takePackage(uint info, const QString &id, const QString &summary);
-    void takeUpdateDetail(const QDBusMessage &message);
-    void takeError(uint code, const QString &text);
-    void takeFinished(uint exit, uint runtime);
-    void takeDestroy();
-    void takeLoss();
-    void takeProperties(const QString &interface, const QVariantMap &changed,
-                        const QStringList &invalidated);
+    void packageReported(uint info, const QString &id, const QString &summary);
+    void updateDetailReported(const QDBusMessage &message);
+    void errorReported(uint code, const QString &text);
+    void finishedReported(uint exit, uint runtime);
+    void transactionDestroyed();
+    void serviceLost();
+    void propertiesReported(const QString &interface, const QVariantMap &changed,
+                            const QStringList &invalidated);
 
 private:
     void create();
@@ -109,7 +109,7 @@ private:
     void connectSignals();
     void call(const QString &interface, const QString &method, const QVariantList &arguments,
               std::function<void(const QDBusMessage &)> answered);
-    void takeProgress(const QVariantMap &properties);
+    void readProgress(const QVariantMap &properties);
     void endByMessage(const QDBusMessage &error);
     void end();
 

@@ -42,12 +42,12 @@ void StatusNotifierWatcher::ask()
     const int number = ++m_question;
     Bus::ask(m_bus, question, this, [this, number](const QDBusMessage &reply) {
         if (number == m_question) {
-            take(reply);
+            answerArrived(reply);
         }
     });
 }
 
-void StatusNotifierWatcher::take(const QDBusMessage &reply)
+void StatusNotifierWatcher::answerArrived(const QDBusMessage &reply)
 {
     if (reply.type() == QDBusMessage::ReplyMessage) {
         const bool hasHost = reply.arguments().value(0).value<QDBusVariant>().variant().toBool();

@@ -28,7 +28,7 @@ private slots:
 
 private:
     void ask();
-    void take(const QDBusMessage &reply);
+    void answerArrived(const QDBusMessage &reply);
     void setHosts(Hosts hosts);
     void registerItem();
 
