@@ -20,11 +20,8 @@ def _interface(scheme, theme):
     return _gsettings("org.gnome.desktop.interface", color_scheme=scheme, gtk_theme=theme)
 
 
-def _xfce(theme, dark_panel):
-    # The panel's own setting first: nobody is told of it, and the panel does not draw icons anew.
-    return [["xfconf-query", "-c", "xfce4-panel", "-p", "/panels/dark-mode", "-n", "-t", "bool",
-             "-s", dark_panel],
-            ["xfconf-query", "-c", "xsettings", "-p", "/Net/ThemeName", "-n", "-t", "string",
+def _xfce(theme):
+    return [["xfconf-query", "-c", "xsettings", "-p", "/Net/ThemeName", "-n", "-t", "string",
              "-s", theme]]
 
 
@@ -65,8 +62,8 @@ def _mate(**options):
 
 DESKTOPS = {
     "xfce": Desktop("xfce4-panel", "xfce4-panel", ["mousepad", TEXT],
-                    light=_xfce("Adwaita", "false") + LIGHT,
-                    dark=_xfce("Adwaita-dark", "true") + DARK),
+                    light=_xfce("Adwaita") + LIGHT,
+                    dark=_xfce("Adwaita-dark") + DARK),
     "plasma-wayland": _plasma("plasma-workspace"),
     "plasma-x11": _plasma("plasma-workspace"),
     "gnome": Desktop("gnome-shell", "gnome-shell", ["gnome-text-editor", TEXT], gnome=True),

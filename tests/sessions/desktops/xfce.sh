@@ -9,5 +9,7 @@ environment=DISPLAY=:41
 start='dbus-update-activation-environment --systemd --all; exec startxfce4'
 
 prepare_desktop() {
-    :
+    # With a dark mode of its own, the panel would look the same under both themes. When that mode is
+    # switched, the panel draws no program's icon again, whatever the program does.
+    sed -i '/name="dark-mode"/s/value="true"/value="false"/' "$1/etc/xdg/xfce4/panel/default.xml"
 }
