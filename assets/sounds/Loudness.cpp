@@ -2,6 +2,7 @@
 #include "Loudness.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -18,8 +19,8 @@ constexpr double loudnessOffset = -0.691;
 
 // A second-order filter section with its feedback normalised.
 struct Section {
-    double input[3];
-    double feedback[2];
+    std::array<double, 3> input;
+    std::array<double, 2> feedback;
 };
 
 // An analogue second-order section, described by its corner in hertz, its quality factor and

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "StruckSounds.h"
 
+#include <array>
+
 namespace Synthesis
 {
 
@@ -23,10 +25,16 @@ Samples bottle()
 // No glass is perfectly round, so each mode of the bowl is a close pair, which causes the shimmer.
 Samples glass()
 {
-    static constexpr Partial partials[] = {
-        {1.000, 0.70, 0.36}, {1.004, 0.35, 0.36}, {2.320, 0.42, 0.26}, {2.329, 0.20, 0.26},
-        {4.250, 0.22, 0.14}, {4.262, 0.10, 0.14}, {6.630, 0.10, 0.07}, {9.380, 0.05, 0.03},
-    };
+    static constexpr auto partials = std::to_array<Partial>({
+        {1.000, 0.70, 0.36},
+        {1.004, 0.35, 0.36},
+        {2.320, 0.42, 0.26},
+        {2.329, 0.20, 0.26},
+        {4.250, 0.22, 0.14},
+        {4.262, 0.10, 0.14},
+        {6.630, 0.10, 0.07},
+        {9.380, 0.05, 0.03},
+    });
     Samples samples(frameCount(1.1), 0.0);
     addStrike(samples, {0.0, 932.3, 1.0, 0.0008}, partials);
     return samples;
@@ -35,12 +43,12 @@ Samples glass()
 // A small metal bar, free at both ends: its modes follow the squares of 3, 5, 7 and 9.
 Samples ping()
 {
-    static constexpr Partial partials[] = {
+    static constexpr auto partials = std::to_array<Partial>({
         {1.000, 0.80, 0.24},
         {2.756, 0.50, 0.09},
         {5.404, 0.25, 0.03},
         {8.933, 0.08, 0.01},
-    };
+    });
     Samples samples(frameCount(0.85), 0.0);
     addStrike(samples, {0.0, 1318.5, 1.0, 0.001}, partials);
     return samples;
@@ -60,12 +68,12 @@ Samples pop()
 // Two rosewood bars, a fifth apart: their second mode is tuned a twelfth above the first.
 Samples sosumi()
 {
-    static constexpr Partial partials[] = {
+    static constexpr auto partials = std::to_array<Partial>({
         {1.00, 1.00, 0.12},
         {3.00, 0.70, 0.05},
         {6.10, 0.25, 0.02},
         {10.2, 0.04, 0.010},
-    };
+    });
     Samples samples(frameCount(0.80), 0.0);
     Noise mallet(0x50505ULL);
     for (const Strike &strike :
@@ -95,12 +103,12 @@ Samples submarine()
 // A fingernail on a little porcelain: high, and over almost at once.
 Samples tink()
 {
-    static constexpr Partial partials[] = {
+    static constexpr auto partials = std::to_array<Partial>({
         {1.00, 1.00, 0.085},
         {1.58, 0.20, 0.050},
         {2.74, 0.22, 0.025},
         {4.10, 0.12, 0.008},
-    };
+    });
     Samples samples(frameCount(0.50), 0.0);
     addStrike(samples, {0.0, 1864.7, 1.0, 0.0005}, partials);
     return samples;

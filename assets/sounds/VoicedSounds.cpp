@@ -168,7 +168,8 @@ Samples funk()
 // Four horns enter one after the other, G C E G, and stay for the chord.
 Samples hero()
 {
-    static constexpr Note notes[] = {{0.0, 196.0}, {0.11, 261.6}, {0.22, 329.6}, {0.33, 392.0}};
+    static constexpr auto notes
+        = std::to_array<Note>({{0.0, 196.0}, {0.11, 261.6}, {0.22, 329.6}, {0.33, 392.0}});
     Samples samples(frameCount(1.2), 0.0);
     for (const Note &note : notes) {
         addHorn(samples, note);

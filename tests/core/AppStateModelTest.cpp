@@ -108,7 +108,7 @@ public:
         m_desktop.setZone(zones.front());
         for (const Step &step : steps) {
             act(step);
-            if (const QString difference = compared(); !difference.isEmpty()) {
+            if (QString difference = compared(); !difference.isEmpty()) {
                 return difference;
             }
         }

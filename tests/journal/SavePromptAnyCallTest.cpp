@@ -40,7 +40,7 @@ private slots:
             const bool isSaved = day() == expectedDay(isThere);
             QVERIFY2(isSaved || m_desktop->alerts.size() == alerts + 1,
                      qPrintable(u"call %1: %2"_s.arg(failing).arg(QString::fromUtf8(day()))));
-            QVERIFY2(day().startsWith(isThere ? earlier : QByteArray()), day().constData());
+            QVERIFY2(day().startsWith(isThere ? m_earlier : QByteArray()), day().constData());
             QVERIFY(names().isEmpty() || names() == QStringList{dayName()});
         }
     }
@@ -93,13 +93,13 @@ private:
             QVERIFY(QFile::remove(m_place->filePath(name)));
         }
         if (isThere) {
-            write(earlier);
+            write(m_earlier);
         }
     }
 
     [[nodiscard]] QByteArray expectedDay(bool isThere) const
     {
-        return isThere ? earlier + '\n' + entry : newFile;
+        return isThere ? m_earlier + '\n' + entry : newFile;
     }
 
     /// How many calls on files a save makes where nothing goes wrong.
@@ -117,7 +117,7 @@ private:
         return day() == expectedDay(isThere) ? calls : 0;
     }
 
-    const QByteArray earlier = "# 2026-11-15\n\n## 07:00\nearlier\n";
+    const QByteArray m_earlier = "# 2026-11-15\n\n## 07:00\nearlier\n";
 };
 
 QTEST_MAIN(SavePromptAnyCallTest)
