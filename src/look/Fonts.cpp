@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "look/Fonts.h"
 
-#include <QFontDatabase>
-
 QFont systemFont(int pixelSize, QFont::Weight weight)
 {
-    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    // Without a family of its own, it follows the application's.
+    QFont font;
     font.setPixelSize(pixelSize);
     font.setWeight(weight);
     return font;

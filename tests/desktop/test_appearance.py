@@ -119,6 +119,27 @@ class AppearanceTest(DesktopCase):
         daemon.close()
         self.wait_for_settings_background(LIGHT)
 
+    def test_font_of_the_settings_daemon_is_followed(self):
+        """On GNOME, a program that is started at login runs before the daemon does."""
+        # Other tests have one font whatever is asked for.
+        (self.desktop.home / ".config" / "fontconfig" / "fonts.conf").unlink()
+        self.open_settings()
+        toolkits = self.width_of_minutes()
+        daemon = SettingsDaemon(Gtk_FontName="DejaVu Sans Mono Bold 11")
+        self.addCleanup(daemon.close)
+        wait_for(lambda: self.width_of_minutes() != toolkits, "the daemon's font")
+        first = self.width_of_minutes()
+        daemon.publish(Gtk_FontName="DejaVu Serif, 11")
+        wait_for(lambda: self.width_of_minutes() != first, "the width of a text to change")
+        daemon.publish(Gtk_FontName="Nowhere to be found 11")
+        daemon.publish(Gtk_FontName="DejaVu Sans Mono Bold 11")
+        wait_for(lambda: self.width_of_minutes() == first, "the text to be as before")
+
+    @staticmethod
+    def width_of_minutes():
+        label = accessibility.find("minutes").get_component_iface()
+        return label.get_extents(accessibility.Atspi.CoordType.SCREEN).width
+
     def test_window_scaling_of_xfce_is_adopted(self):
         daemon = SettingsDaemon(Gdk_WindowScalingFactor=2, Xft_DPI=98304)
         self.addCleanup(daemon.close)

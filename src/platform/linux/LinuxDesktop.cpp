@@ -14,8 +14,8 @@
 #include "platform/linux/tray/LinuxTray.h"
 #include "platform/linux/x11/X11Compositor.h"
 #include "platform/linux/x11/X11Windows.h"
-#include "platform/linux/xsettings/ThemeAppearance.h"
 #include "platform/linux/xsettings/X11Scale.h"
+#include "platform/linux/xsettings/XSettingsAppearance.h"
 
 void Desktop::prepare()
 {
@@ -36,7 +36,8 @@ Desktop Desktop::ofThisPlatform()
     desktop.sounds = std::make_unique<CanberraSounds>();
     desktop.windows = std::make_unique<X11Windows>();
     desktop.compositor = std::make_unique<X11Compositor>();
-    desktop.appearance = std::make_unique<PortalAppearance>(std::make_unique<ThemeAppearance>());
+    desktop.appearance
+        = std::make_unique<PortalAppearance>(std::make_unique<XSettingsAppearance>());
     desktop.tray = std::make_unique<LinuxTray>(*desktop.appearance);
     desktop.folderChooser = std::make_unique<PortalFolderChooser>(*desktop.windows);
     desktop.session = std::make_unique<PortalSession>();

@@ -103,6 +103,7 @@ void PortalAppearance::readColorScheme()
 
 void PortalAppearance::windowsWillOpen()
 {
+    m_otherwise->windowsWillOpen();
     if (!m_isRestRead && QDBusConnection::sessionBus().isConnected()) {
         readRest();
     }

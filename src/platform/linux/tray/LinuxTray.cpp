@@ -3,6 +3,7 @@
 
 #include "platform/Appearance.h"
 #include "platform/generic/ToolkitTray.h"
+#include "platform/linux/kernel/DesktopNames.h"
 #include "platform/linux/menu/BusMenu.h"
 #include "platform/linux/tray/ScreenPlace.h"
 #include "platform/linux/tray/StatusNotifierItem.h"
@@ -14,7 +15,6 @@
 #include <QMenu>
 #include <QTimer>
 
-#include <algorithm>
 #include <chrono>
 
 namespace
@@ -29,14 +29,6 @@ bool isWaylandSession()
 {
     return qEnvironmentVariable("XDG_SESSION_TYPE") == u"wayland"
         || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
-}
-
-bool isDesktop(QStringView name)
-{
-    const auto names = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
-    return std::ranges::any_of(names, [name](const QString &each) {
-        return each.compare(name, Qt::CaseInsensitive) == 0;
-    });
 }
 
 /// A colour with good contrast on the panel, as far as that can be determined.
