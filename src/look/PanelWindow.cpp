@@ -49,16 +49,6 @@ bool PanelWindow::event(QEvent *event)
     return QWidget::event(event);
 }
 
-void PanelWindow::changeEvent(QEvent *event)
-{
-    if (event->type() == QEvent::WindowStateChange && isMinimized()) {
-        // Some window managers minimise any window, and this one is in no taskbar: nobody would
-        // find it again. Opened once more, it comes to the front.
-        hide();
-    }
-    QWidget::changeEvent(event);
-}
-
 void PanelWindow::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Alt) {

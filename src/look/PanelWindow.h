@@ -25,7 +25,6 @@ protected:
     void placeOnScreenWithPointer(Windows &windows);
 
     bool event(QEvent *event) override;
-    void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
 

@@ -50,6 +50,17 @@ class SettingsTest(DesktopCase):
         wait_for(lambda: "SKIP_TASKBAR" in output("xprop", "-id", str(window), "_NET_WM_STATE"),
                  "the settings to be out of the taskbar")
 
+    def test_settings_on_another_workspace_stay_open(self):
+        """Window managers call a window on another workspace iconic too, and GNOME's one that waits
+        for its frame."""
+        self.open_settings()
+        window = window_of(SETTINGS)
+        output("xdotool", "set_desktop", "1")
+        wait_for(lambda: "Iconic" in output("xprop", "-id", str(window), "WM_STATE"),
+                 "the settings to be iconic")
+        output("xdotool", "set_desktop", "0")
+        wait_for(lambda: SETTINGS in visible_titles(), "the settings to be seen again")
+
     def test_theme_is_seen_at_once(self):
         self.open_settings(theme="light")
         self.wait_for_settings_background(LIGHT)
