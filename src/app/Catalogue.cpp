@@ -7,7 +7,7 @@
 
 namespace
 {
-const QString catalogueDir = QStringLiteral(":/catalogue");
+const QString catalogueFolder = QStringLiteral(":/catalogue");
 
 void install(QTranslator *translator, bool isLoaded)
 {
@@ -20,9 +20,9 @@ void install(QTranslator *translator, bool isLoaded)
 void installCatalogue()
 {
     auto *const english = new QTranslator(qApp);
-    install(english, english->load(QStringLiteral("tovla_en"), catalogueDir));
+    install(english, english->load(QStringLiteral("tovla_en"), catalogueFolder));
     // The translator installed last takes precedence.
     auto *const ours = new QTranslator(qApp);
     install(ours,
-            ours->load(QLocale(), QStringLiteral("tovla"), QStringLiteral("_"), catalogueDir));
+            ours->load(QLocale(), QStringLiteral("tovla"), QStringLiteral("_"), catalogueFolder));
 }

@@ -103,8 +103,8 @@ void BareTextEditor::endComposition()
     }
     QInputMethodEvent end;
     end.setCommitString(textCursor().block().layout()->preeditAreaText());
-    m_ended.clear();
-    m_isEnding = true;
+    m_committed.clear();
+    m_isCommitting = true;
     QInputMethod &inputMethod = *QGuiApplication::inputMethod();
     inputMethod.commit();
     if (isComposing()) {
@@ -114,7 +114,7 @@ void BareTextEditor::endComposition()
     if (isComposing()) {
         QCoreApplication::sendEvent(this, &end);
     }
-    m_isEnding = false;
+    m_isCommitting = false;
     m_hasJustComposed = false;
 }
 
@@ -130,7 +130,7 @@ void BareTextEditor::setLook(const Look &look)
 void BareTextEditor::keyPressEvent(QKeyEvent *event)
 {
     m_hasJustComposed = false;
-    m_ended.clear();
+    m_committed.clear();
     if (!insertsLineBreak(*event)) {
         QPlainTextEdit::keyPressEvent(event);
         return;
@@ -156,7 +156,7 @@ void BareTextEditor::mousePressEvent(QMouseEvent *event)
 
 void BareTextEditor::inputMethodEvent(QInputMethodEvent *event)
 {
-    if (repeatsEnded(*event)) {
+    if (repeatsCommit(*event)) {
         event->accept();
         return;
     }
@@ -170,18 +170,18 @@ void BareTextEditor::inputMethodEvent(QInputMethodEvent *event)
     m_hasJustComposed = !isComposing() && (wasComposing || m_hasJustComposed);
 }
 
-bool BareTextEditor::repeatsEnded(const QInputMethodEvent &event)
+bool BareTextEditor::repeatsCommit(const QInputMethodEvent &event)
 {
-    if (m_isEnding) {
-        m_ended += event.commitString();
+    if (m_isCommitting) {
+        m_committed += event.commitString();
         return false;
     }
     if (event.commitString().isEmpty() && event.preeditString().isEmpty()) {
         return false;
     }
     // Told to forget what its plug-in has committed, an engine may commit it as well, and late.
-    const bool repeats = event.preeditString().isEmpty() && event.commitString() == m_ended;
-    m_ended.clear();
+    const bool repeats = event.preeditString().isEmpty() && event.commitString() == m_committed;
+    m_committed.clear();
     return repeats;
 }
 

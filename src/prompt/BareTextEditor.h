@@ -51,12 +51,13 @@ protected:
 
 private:
     void takeFocusAndMeasure();
-    [[nodiscard]] bool repeatsEnded(const QInputMethodEvent &event);
+    [[nodiscard]] bool repeatsCommit(const QInputMethodEvent &event);
 
     QColor m_caretColor;
     bool m_hasJustComposed = false;
-    bool m_isEnding = false;
-    /// What endComposition has committed, until the input method turns to something else.
-    QString m_ended;
+    bool m_isCommitting = false;
+    /// What endComposition() has committed, until the input method composes or commits something
+    /// else.
+    QString m_committed;
     Coordinator *m_coordinator;
 };

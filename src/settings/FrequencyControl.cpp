@@ -105,7 +105,7 @@ void FrequencyControl::showNextPrompt(const std::optional<QDateTime> &next)
 
 void FrequencyControl::showNumber()
 {
-    m_number->show(IntervalText::text(m_minutes, QLocale::system()));
+    m_number->showNumber(IntervalText::text(m_minutes, QLocale::system()));
     m_stepper->setValue(static_cast<int>(m_minutes));
 }
 

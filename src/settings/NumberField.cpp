@@ -11,7 +11,7 @@
 namespace
 {
 constexpr int fieldWidth = 56;
-// Beside what the toolkit leaves free at each end of a text field.
+// In addition to the margin that the toolkit leaves at each end of a text field.
 constexpr int textMargin = 2;
 } // namespace
 
@@ -52,11 +52,11 @@ void NumberField::keyPressEvent(QKeyEvent *event)
 void NumberField::keyReleaseEvent(QKeyEvent *event)
 {
     QLineEdit::keyReleaseEvent(event);
-    // The window waits for Alt to be let go.
+    // PanelWindow needs the release of Alt, to stop underlining mnemonics.
     event->ignore();
 }
 
-void NumberField::show(const QString &text)
+void NumberField::showNumber(const QString &text)
 {
     m_shown = text;
     setText(text);

@@ -5,21 +5,23 @@
 
 #include <functional>
 
-/// A number that is taken when it is committed: with Return, or when an edited text loses the focus
-/// or the sight of its window.
+/// A text field for a number. The text is committed by Return and, if it was edited, when the field
+/// loses focus or is hidden.
 class NumberField final : public QLineEdit
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(NumberField)
 
 public:
+    /// @p committed receives the text as it was typed, unchecked.
     NumberField(std::function<void(const QString &)> committed, QWidget *parent);
 
-    /// Sets the text as committed.
-    void show(const QString &text);
-    /// There is another text than the one shown, whether typed or set by assistive technology.
+    /// Shows @p text and regards it as committed.
+    void showNumber(const QString &text);
+    /// Whether the text differs from the one last shown, whether the user typed it or assistive
+    /// technology set it.
     [[nodiscard]] bool isEdited() const;
-    /// Takes what is not committed yet, as when the focus goes.
+    /// Commits the text if it was edited.
     void commitIfEdited();
 
 protected:

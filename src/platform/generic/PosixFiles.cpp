@@ -140,8 +140,9 @@ int checkStillThere(const QByteArray &path, const Descriptor &file)
     return there.st_dev == opened.st_dev && there.st_ino == opened.st_ino ? 0 : ENOENT;
 }
 
-/// Sets @p isWritten before it writes: if a later step fails, the append must not be repeated.
-int append(const QByteArray &path, const QByteArray &bytes, bool &isWritten)
+/// Sets @p hasBegunWriting before it writes: if a later step fails, the append must not be
+/// repeated.
+int append(const QByteArray &path, const QByteArray &bytes, bool &hasBegunWriting)
 {
     Descriptor file(openAtEnd(path));
     if (!file.isOpen()) {
@@ -150,8 +151,14 @@ int append(const QByteArray &path, const QByteArray &bytes, bool &isWritten)
     if (const int error = checkStillThere(path, file)) {
         return error;
     }
-    isWritten = true;
+    hasBegunWriting = true;
     return writeSynced(file, bytes);
+}
+
+/// The folder part of @p path, including the slash; empty if there is none.
+QByteArray folderOf(const QByteArray &path)
+{
+    return path.first(path.lastIndexOf('/') + 1);
 }
 
 /// Replaces @p path with the target if it is a symbolic link, so that a new file is created there.
@@ -164,8 +171,7 @@ int followLinks(QByteArray &path)
             return errno == EINVAL || errno == ENOENT ? 0 : errno;
         }
         const QByteArray leadsTo(target.data(), length);
-        const QByteArray folder = path.first(path.lastIndexOf('/') + 1);
-        path = leadsTo.startsWith('/') ? leadsTo : folder + leadsTo;
+        path = leadsTo.startsWith('/') ? leadsTo : folderOf(path) + leadsTo;
     }
     return ELOOP;
 }
@@ -183,8 +189,10 @@ int renameWithoutReplacing(const QByteArray &from, const QByteArray &to)
 #endif
 }
 
-/// Fails with EEXIST if something exists at @p path.
-int renameToNothing(const QByteArray &temporary, const QByteArray &path)
+/// Renames @p temporary to @p path, but fails with EEXIST if something exists there. Uses
+/// renameat2 where it works, else link and unlink, and on file systems without links a check
+/// followed by a rename.
+int renameToFreeName(const QByteArray &temporary, const QByteArray &path)
 {
     const int refusal = renameWithoutReplacing(temporary, path);
     if (refusal == 0 || (refusal != EEXIST && !isUnsupported(refusal))) {
@@ -196,9 +204,12 @@ int renameToNothing(const QByteArray &temporary, const QByteArray &path)
         ::unlink(temporary.constData());
         return 0;
     }
+    if (refusal == EEXIST) {
+        return EEXIST;
+    }
     const bool hasLinks = errno != EPERM && !isUnsupported(errno);
-    if (refusal == EEXIST || hasLinks) {
-        return refusal == EEXIST ? refusal : errno;
+    if (hasLinks) {
+        return errno;
     }
     // Neither is supported, as on FAT: checking just before the rename is the best option left.
     struct stat status {
@@ -226,7 +237,7 @@ int create(QByteArray path, const QByteArray &bytes)
         return error;
     }
     // In the same folder, because a rename cannot cross file systems, and hidden until then.
-    const QByteArray folder = path.first(path.lastIndexOf('/') + 1);
+    const QByteArray folder = folderOf(path);
     const QByteArray temporary = folder + '.' + path.sliced(folder.size()) + '.'
         + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
     Descriptor file(::open(temporary.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
@@ -235,7 +246,7 @@ int create(QByteArray path, const QByteArray &bytes)
     }
     int error = writeSynced(file, bytes);
     if (error == 0) {
-        error = renameToNothing(temporary, path);
+        error = renameToFreeName(temporary, path);
     }
     if (error != 0) {
         ::unlink(temporary.constData());
@@ -279,9 +290,9 @@ Files::Failure PosixFiles::appendOrCreate(const QString &path, const QByteArray 
     const QByteArray name = QFile::encodeName(path);
     int error = 0;
     for (int round = 0; round < mostRounds; ++round) {
-        bool isWritten = false;
-        error = append(name, addition, isWritten);
-        if (isWritten || error != ENOENT) {
+        bool hasBegunWriting = false;
+        error = append(name, addition, hasBegunWriting);
+        if (hasBegunWriting || error != ENOENT) {
             break;
         }
         error = create(name, whole);
