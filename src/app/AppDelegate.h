@@ -12,7 +12,8 @@ class AppDelegate final : public ApplicationDelegate
     Q_DISABLE_COPY_MOVE(AppDelegate)
 
 public:
-    /// Creates only the update controller; @p state is not called yet.
+    /// @p state returns the program's state. A function, because the state may not exist yet: it is
+    /// first called when the program has launched or an update check is requested.
     explicit AppDelegate(AppState &(*state)() = &AppState::shared);
 
     void applicationDidFinishLaunching();

@@ -24,7 +24,7 @@ TovlaApp::TovlaApp()
         state.setAlerts(std::make_unique<DrawnAlerts>(state.desktop()));
     }
     RunningCopy &runningCopy = *state.desktop().runningCopy;
-    // The tray item is all that there always is; windows come and go.
+    // Only the tray item is permanent, so closing the last window must not end the program.
     QGuiApplication::setQuitOnLastWindowClosed(false);
     setApplicationDelegate(&m_appDelegate);
     connect(&runningCopy, &RunningCopy::becameFirst, this, &TovlaApp::launch);
@@ -45,7 +45,7 @@ void TovlaApp::launch()
 {
     m_menu = std::make_unique<MenuContent>(AppState::shared());
     Tray &tray = *AppState::shared().desktop().tray;
-    // Whoever starts the program and finds no icon would think that it does not work.
+    // Without an icon, a user who starts the program would think that it does not work.
     if (AppState::shared().desktop().runningCopy->wasStartedByHand()) {
         connect(&tray, &Tray::isMissing, this, [this] { request(settingsAction); });
     }

@@ -9,8 +9,9 @@
 
 class MenuContent;
 
-/// The application: its delegate and the tray item with its menu. Exists as long as the application
-/// object.
+/// Connects the program's parts: launches it once this is known to be the only copy, and performs
+/// the actions that the tray, the launcher and other programs request. Needs the QApplication,
+/// which must outlive this object.
 class TovlaApp final : public QObject
 {
     Q_OBJECT

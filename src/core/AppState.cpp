@@ -35,6 +35,9 @@ QString loadedSoundName(const Preferences &preferences)
     return AppState::availableSounds().contains(stored) ? stored : QStringLiteral("Purr");
 }
 
+// The settings cannot produce such an interval, so an overflow here is a programming error or an
+// edited file. It ends the program on purpose, like a trap, instead of opening prompts at a time
+// that nobody chose.
 [[noreturn]] void endBecauseIntervalOverflows()
 {
     std::fputs("tovla: the prompt interval in seconds does not fit 64 bits\n", stderr);
@@ -134,6 +137,7 @@ void AppState::restartTimer()
         endBecauseIntervalOverflows();
     }
     setNextPromptDate(PromptSchedule::nextPromptDate(m_desktop.clock->now(), *interval));
+    // The timer stops with this object; the QPointer guards against a timer that calls late.
     m_timer = m_desktop.timers->repeat(*interval, [state = QPointer(this), interval = *interval] {
         if (state) {
             state->promptIsDue(interval);

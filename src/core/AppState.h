@@ -16,8 +16,15 @@ class QWidget;
 /// The program's entire state and its operations: the four settings, the timer, the time of the
 /// next prompt, and the windows. Belongs to the main thread.
 ///
-/// Each operation is defined in the room that it belongs to: saving in journal/, the prompt in
-/// prompt/, the settings window in settings/.
+/// Each operation is defined in the room that it belongs to: savePrompt() and its alert in
+/// journal/AppStateJournal.cpp; showPrompt(), openPrompt(), closePrompt() and playSelectedSound()
+/// in prompt/AppStatePrompt.cpp; showSettings() in settings/AppStateSettings.cpp; and the rest in
+/// core/AppState.cpp.
+///
+/// Every setter emits willChange(), stores the value (on disk when the setter returns, if that is
+/// possible) and, for the folder and the interval, restarts the timer, even if the value is the
+/// same as before. Setters store values unchecked: the controls in settings/ offer only valid ones.
+/// Stored values are checked when they are loaded, and bad ones are replaced by the defaults.
 class AppState final : public QObject
 {
     Q_OBJECT
@@ -30,15 +37,12 @@ public:
     /// The names of the alert sounds, in the order in which they are listed.
     [[nodiscard]] static const QStringList &availableSounds();
 
-    /// Every setter emits willChange(), has written the value to disk when it returns and, for the
-    /// folder and the interval, restarts the timer, even if the value is the same as before.
-    /// Values are stored unchecked.
-
     /// The journal folder; empty until one is chosen.
     [[nodiscard]] const QString &folderPath() const { return m_folderPath; }
     void setFolderPath(const QString &folderPath);
 
-    /// Minutes between two prompts.
+    /// Minutes between two prompts. The settings offer 1 to 1440, but a positive interval that was
+    /// edited by hand is used as it is (see restartTimer()).
     [[nodiscard]] qint64 intervalMinutes() const { return m_intervalMinutes; }
     void setIntervalMinutes(qint64 intervalMinutes);
 
@@ -61,7 +65,8 @@ public:
     /// Called once at startup: opens the settings if there is no folder, and starts the timer.
     void start();
     /// Restarts the timer, so that the next prompt opens a full interval from now. Without a
-    /// folder, no timer runs. An interval whose seconds do not fit 64 bits ends the process.
+    /// folder, no timer runs. An interval whose seconds do not fit 64 bits ends the process on
+    /// purpose.
     void restartTimer();
     /// Opens a prompt, unless one is already visible.
     void showPrompt();
@@ -73,7 +78,7 @@ public:
     void showSettings();
 
     [[nodiscard]] const Desktop &desktop() const { return m_desktop; }
-    /// Must be called before start() if the desktop has no alerts of its own.
+    /// Takes over @p alerts, for a desktop that has none of its own. Must be called before start().
     void setAlerts(std::unique_ptr<Alerts> alerts) { m_desktop.alerts = std::move(alerts); }
 
 signals:
@@ -97,8 +102,9 @@ private:
     void clockWasSet();
     void setNextPromptDate(const std::optional<QDateTime> &date);
     void closePrompt();
-    /// Appends the note to the day file of @p openedAt (in UTC). A failure is shown in an alert and
-    /// has no other effect.
+    /// Appends the note to the day file of @p openedAt (in UTC); does nothing if the note is blank.
+    /// A failure is shown in an alert. The note is then lost, because the caller closes the prompt
+    /// in any case.
     void savePrompt(const QString &text, const QDateTime &openedAt);
     void showJournalAlert(const QString &informativeText);
 

@@ -16,6 +16,8 @@ public:
     virtual void checkForUpdates() = 0;
 };
 
-/// The application object's delegate, or null. The application does not own it.
+/// The application's delegate, or null if none has been set or it has been deleted. It is a
+/// property of the application object, which does not own it, so that the menu gets by without the
+/// app room. Any QObject may be set; the menu ignores one that is not an ApplicationDelegate.
 [[nodiscard]] QObject *applicationDelegate();
 void setApplicationDelegate(QObject *delegate);

@@ -6,7 +6,7 @@
 #include <chrono>
 #include <optional>
 
-/// The date arithmetic of scheduled prompts.
+/// When scheduled prompts open, and how the schedule is worded.
 namespace PromptSchedule
 {
 /// nullopt if the number of seconds does not fit 64 bits.

@@ -8,14 +8,14 @@
 class AppState;
 
 /// Keeps a view up to date: calls its refresh function in the next iteration of the event loop
-/// after a change of state, only once for several changes.
+/// after a change of state. Several changes cause one call.
 class StateObserver final : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(StateObserver)
 
 public:
-    /// @p view owns this object; @p refresh is called as long as the view exists.
+    /// @p view owns this object; @p refresh may be called until @p view is destroyed.
     StateObserver(const AppState &state, QObject *view, std::function<void()> refresh);
 
 private:

@@ -8,7 +8,7 @@
 #include <array>
 #include <optional>
 
-/// The appearance of the prompt and the settings: like the system's, or always light or dark.
+/// The theme of the prompt and the settings: like the system's, or always light or dark.
 enum class ThemePreference { system, light, dark };
 
 /// In the order in which they are listed.

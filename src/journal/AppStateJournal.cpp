@@ -12,6 +12,7 @@ Files::Failure addEntry(Files &files, const QString &folderPath, const DayFile &
         return failure;
     }
     const QByteArray entry = dayFile.entry(note);
+    // An entry that follows another is preceded by an empty line (docs/journal-format.md).
     return files.appendOrCreate(folderPath + u'/' + dayFile.name(), '\n' + entry,
                                 dayFile.header() + entry);
 }
@@ -19,7 +20,8 @@ Files::Failure addEntry(Files &files, const QString &folderPath, const DayFile &
 
 void AppState::savePrompt(const QString &text, const QDateTime &openedAt)
 {
-    // QString trims exactly the characters with Unicode's White_Space property.
+    // The format removes Unicode white space (White_Space) from both ends, which is exactly what
+    // trimmed() does. The prompt submits trimmed notes only, but this guarantees the format.
     const QString note = text.trimmed();
     if (note.isEmpty()) {
         return;

@@ -6,7 +6,8 @@
 
 class QWidget;
 
-/// Shows messages that the user must read before continuing.
+/// Shows messages that the user must read before continuing. No platform implements this yet:
+/// TovlaApp installs look/DrawnAlerts.
 class Alerts
 {
 public:

@@ -17,7 +17,7 @@ public:
     [[nodiscard]] virtual QDateTime now() const = 0;
 
 signals:
-    /// The clock jumped: somebody set it, or the computer woke up.
+    /// The clock changed by a jump: somebody set it, or the computer woke up.
     void wasSet();
     /// The time zone may have changed, so displayed times must be updated.
     void zoneChanged();

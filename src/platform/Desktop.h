@@ -20,7 +20,8 @@
 #include <memory>
 
 /// The program's interfaces to the desktop, one member per capability. None is null, except that a
-/// platform without suitable alerts of its own may leave out alerts.
+/// platform without suitable alerts of its own may leave out alerts; TovlaApp then installs
+/// look/DrawnAlerts.
 struct Desktop {
     std::unique_ptr<Program> program;
     std::unique_ptr<RunningCopy> runningCopy;
@@ -40,8 +41,9 @@ struct Desktop {
 
     /// Must be called first in main, before the application object is created.
     static void prepare();
-    /// The desktop for the platform of this build. Needs the application object. Capabilities defer
-    /// their work to their first use where they can.
+    /// The desktop for the platform of this build. Defined in linux/LinuxDesktop.cpp and
+    /// generic/GenericDesktop.cpp, which choose the implementation of each interface. Needs the
+    /// application object. Capabilities defer their work to their first use where they can.
     [[nodiscard]] static Desktop ofThisPlatform();
     /// Must be called last in main, after the application object is gone. Returns the exit status
     /// for main, or does not return if a restart was requested.

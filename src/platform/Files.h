@@ -27,7 +27,9 @@ public:
     [[nodiscard]] virtual Failure ensureDirectory(const QString &path) = 0;
 
     /// Appends @p addition to the regular file at @p path or, if there is none, creates it with the
-    /// content @p whole; follows symbolic links in both cases. The data is on the disk on return.
+    /// content @p whole; follows symbolic links in both cases. On return, the data is on the disk,
+    /// as far as the file system can confirm that. May wait up to a second if a file server holds a
+    /// lease on the file.
     /// Never reads or truncates a file. Readers see a new file complete or not at all; if appending
     /// fails midway, what was written stays. If another program creates or replaces the file in the
     /// meantime, that file gets the addition; if this happens again and again, the operation fails.

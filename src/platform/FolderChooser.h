@@ -18,7 +18,8 @@ public:
 
     /// Opens the desktop's folder chooser over @p parent, with a default button labelled @p prompt,
     /// and returns immediately. @p chosen gets the absolute path of the folder; it is not called if
-    /// the user cancels. A chooser that is already open comes to the front instead.
+    /// the user cancels or once @p parent is destroyed. A chooser that is already open comes to the
+    /// front instead.
     virtual void choose(QWidget &parent, const QString &prompt,
                         std::function<void(const QString &path)> chosen)
         = 0;

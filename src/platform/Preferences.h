@@ -20,7 +20,7 @@ public:
     /// The integer at the start of the stored text, or 0.
     [[nodiscard]] virtual qint64 integer(const QString &key) const = 0;
 
-    /// The value is on the disk when these return.
+    /// The value is on the disk when these return, unless it cannot be written.
     virtual void setString(const QString &key, const QString &value) = 0;
     virtual void setInteger(const QString &key, qint64 value) = 0;
 };

@@ -16,8 +16,8 @@ public:
     /// Determines whether this is the first copy, and emits one of the next three signals.
     virtual void claim() = 0;
 
-    /// Somebody has just started this copy by hand, from a launcher for example, and not the
-    /// desktop at login.
+    /// Whether the user started this copy, for example from a launcher, and not the desktop at
+    /// login.
     [[nodiscard]] virtual bool wasStartedByHand() const = 0;
 
 signals:

@@ -12,9 +12,10 @@ public:
     virtual ~Session() = default;
     Q_DISABLE_COPY_MOVE(Session)
 
-    /// Asks the desktop not to end the session before the user has agreed to lose something;
-    /// @p reason tells them what. Returns at once, and holds until release().
+    /// Asks the desktop not to log out, until release(), before the user has agreed to lose
+    /// something; @p reason says what. Returns immediately. Does nothing if the session is already
+    /// held, so it may be called on every keystroke, or if the desktop does not support it.
     virtual void hold(const QString &reason) = 0;
-    /// Takes hold() back; does nothing where nothing is held.
+    /// Ends hold(); does nothing if the session is not held.
     virtual void release() = 0;
 };

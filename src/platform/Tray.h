@@ -26,8 +26,8 @@ public:
         /// The icon in one colour, at any size. Its name is that of an installed file, which the
         /// desktop may use instead and recolour.
         std::function<QIcon(const QColor &color)> icon;
-        /// Drawn by the desktop, which follows the menu's changes, or by the toolkit. Must outlive
-        /// the tray.
+        /// Drawn by the desktop, which follows the menu's changes, or by the toolkit. Must exist
+        /// until the event loop has ended.
         QMenu *menu;
     };
 
@@ -35,7 +35,7 @@ public:
     virtual void show(const Item &item) = 0;
 
 signals:
-    /// There is no tray that shows the item, now that all that could have been asked have answered.
-    /// Sent at most once; one may come later.
+    /// No tray shows the item, and every tray that exists has been asked. Emitted at most once; a
+    /// tray may still appear later.
     void isMissing();
 };

@@ -8,7 +8,9 @@
 
 class QWidget;
 
-/// Window system features for our windows that the toolkit does not provide.
+/// Window system features for our windows that the toolkit does not provide. Where the window
+/// system has no such feature, as on Wayland without X11, the function does what the toolkit can do
+/// and guarantees nothing.
 class Windows
 {
 public:

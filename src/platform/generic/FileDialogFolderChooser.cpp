@@ -13,7 +13,7 @@ void FileDialogFolderChooser::choose(QWidget &parent, const QString &prompt,
     }
     m_dialog = new QFileDialog(&parent);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
-    // Keeps the look of its parent, even if that changes while the dialog is open.
+    // Keeps the look of the parent, even if that changes while the dialog is open.
     m_dialog->setAttribute(Qt::WA_WindowPropagation);
     m_dialog->setFileMode(QFileDialog::Directory);
     m_dialog->setOption(QFileDialog::ShowDirsOnly);

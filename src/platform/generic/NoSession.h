@@ -3,6 +3,7 @@
 
 #include "platform/Session.h"
 
+/// Cannot reach the session: the desktop never asks before it logs out.
 class NoSession final : public Session
 {
 public:

@@ -70,7 +70,7 @@ Files::Failure checkName(const QString &path)
     }
     return PosixFiles().isFaithful(path)
         ? std::nullopt
-        : std::optional(QStringLiteral("Its name is not valid UTF-8"));
+        : std::optional(QStringLiteral("The folder's name is not valid UTF-8"));
 }
 
 /// Whether the error means that the file system does not support the operation.
@@ -81,8 +81,8 @@ bool isUnsupported(int error)
 
 int sync(const Descriptor &file)
 {
-    // If the file system cannot sync, the data is written all the same and must not be written
-    // twice.
+    // If the file system cannot sync, the data has been written nonetheless and must not be written
+    // again.
     return ::fsync(file.number()) == 0 || isUnsupported(errno) ? 0 : errno;
 }
 

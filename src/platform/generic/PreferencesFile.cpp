@@ -54,6 +54,7 @@ qint64 leadingInteger(const QString &text)
     const char *begin = ascii.startsWith('+') ? ascii.cbegin() + 1 : ascii.cbegin();
     qint64 number = 0;
     const auto [end, error] = std::from_chars(begin, ascii.cend(), number);
+    // from_chars accepts a minus, so "+-5" must be rejected here.
     const bool hasTwoSigns = begin != ascii.cbegin() && ascii.size() > 1 && ascii.at(1) == '-';
     return error == std::errc() && !hasTwoSigns ? number : 0;
 }

@@ -9,7 +9,7 @@ namespace
 {
 using Clock = std::chrono::steady_clock;
 
-// QTimer counts milliseconds in 31 bits, which is 24 days.
+// QTimer counts in a signed 32-bit number of milliseconds, which is 24 days.
 constexpr std::chrono::seconds longestStep = std::chrono::hours(24);
 // Keeps the due time within the range of a time point.
 constexpr std::chrono::seconds longestInterval = std::chrono::hours(24 * 365 * 100);

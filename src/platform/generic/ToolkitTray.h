@@ -19,8 +19,8 @@ public:
     /// A colour with good contrast on a panel of that look.
     [[nodiscard]] static QColor foregroundIn(const Appearance &appearance);
 
-    /// @p foreground returns the icon's colour, again whenever @p appearance changes; it must
-    /// outlive this object.
+    /// @p foreground returns the icon's colour; it is called again whenever @p appearance changes.
+    /// @p appearance must outlive this object.
     explicit ToolkitTray(const Appearance &appearance,
                          std::function<QColor(const Appearance &)> foreground = &foregroundIn);
     ~ToolkitTray() override;
