@@ -73,7 +73,8 @@ QString BareTextEditor::text() const
 
 bool BareTextEditor::isBlank() const
 {
-    // Letter by letter: the text as a whole would be copied, and this is asked after every key.
+    // Character by character: text() would copy the whole note, and this runs after every
+    // keystroke.
     const int end = document()->characterCount();
     int place = 0;
     while (place < end && document()->characterAt(place).isSpace()) {
@@ -101,6 +102,8 @@ void BareTextEditor::endComposition()
     if (!isComposing()) {
         return;
     }
+    // Asks the input method to commit; if it does not, resets it; if that does not help either,
+    // commits the text for it. The text is read first, before the input method can change it.
     QInputMethodEvent end;
     end.setCommitString(textCursor().block().layout()->preeditAreaText());
     m_committed.clear();
@@ -108,7 +111,7 @@ void BareTextEditor::endComposition()
     QInputMethod &inputMethod = *QGuiApplication::inputMethod();
     inputMethod.commit();
     if (isComposing()) {
-        // Some plug-ins know of no commit, but do at a reset what the others do at a commit.
+        // Some input method plug-ins ignore commit() but commit on reset().
         inputMethod.reset();
     }
     if (isComposing()) {
@@ -149,7 +152,8 @@ void BareTextEditor::keyReleaseEvent(QKeyEvent *event)
 void BareTextEditor::mousePressEvent(QMouseEvent *event)
 {
     m_hasJustComposed = false;
-    // The toolkit would take it along to the new place of the caret, or commit it twice.
+    // Otherwise the toolkit would move the composition to the new caret position, or commit it
+    // twice.
     endComposition();
     QPlainTextEdit::mousePressEvent(event);
 }
@@ -166,7 +170,7 @@ void BareTextEditor::inputMethodEvent(QInputMethodEvent *event)
         event->setCommitString(plain, event->replacementStart(), event->replacementLength());
     }
     QPlainTextEdit::inputMethodEvent(event);
-    // Engines may say twice that nothing is composed any more.
+    // Some input methods report the end of a composition twice.
     m_hasJustComposed = !isComposing() && (wasComposing || m_hasJustComposed);
 }
 
@@ -179,7 +183,8 @@ bool BareTextEditor::repeatsCommit(const QInputMethodEvent &event)
     if (event.commitString().isEmpty() && event.preeditString().isEmpty()) {
         return false;
     }
-    // Told to forget what its plug-in has committed, an engine may commit it as well, and late.
+    // After a reset, an input method may still commit the text that its plug-in has already
+    // committed.
     const bool repeats = event.preeditString().isEmpty() && event.commitString() == m_committed;
     m_committed.clear();
     return repeats;
@@ -194,7 +199,7 @@ QRect BareTextEditor::caretRect() const
 {
     QRect caret = cursorRect();
     caret.setWidth(caretWidth);
-    // Before the first letter of a line from the right, it is a pixel too far.
+    // At the start of a right-to-left line, the toolkit's caret is one pixel outside the viewport.
     caret.moveLeft(std::min(caret.x(), viewport()->width() - caretWidth));
     return caret;
 }
@@ -203,7 +208,7 @@ QVariant BareTextEditor::inputMethodQuery(Qt::InputMethodQuery property) const
 {
     QVariant answer = QPlainTextEdit::inputMethodQuery(property);
     if (property == Qt::ImCursorRectangle || property == Qt::ImAnchorRectangle) {
-        // Without a width, input methods take it for no place at all.
+        // Input methods ignore a rectangle without a width.
         QRectF rect = answer.toRectF();
         rect.setWidth(caretWidth);
         answer = rect;
@@ -221,6 +226,7 @@ void BareTextEditor::tellCaretPlace()
 void BareTextEditor::paintEvent(QPaintEvent *event)
 {
     QPlainTextEdit::paintEvent(event);
+    // The toolkit's cursor position is negative while the blinking caret is off.
     const bool isCaretOn = getPaintContext().cursorPosition >= 0 || (hasFocus() && isComposing());
     const QRect caret = caretRect();
     if (isCaretOn && event->rect().intersects(caret)) {
@@ -230,13 +236,15 @@ void BareTextEditor::paintEvent(QPaintEvent *event)
 
 bool BareTextEditor::canInsertFromMimeData(const QMimeData *source) const
 {
-    // Not asked of the clipboard's owner, who may be slow to answer: pasting will show.
+    // Does not ask the clipboard's owner, which may be slow; if there is no text, pasting does
+    // nothing.
     return isClipboard(source) || source->hasText() || source->hasHtml();
 }
 
 void BareTextEditor::insertFromMimeData(const QMimeData *source)
 {
-    // One that does not answer is asked only once; every further question would wait as long.
+    // If the clipboard's owner does not answer this request, each further one would wait for the
+    // full timeout as well.
     if (source->formats().isEmpty()) {
         return;
     }
@@ -256,7 +264,7 @@ QMimeData *BareTextEditor::createMimeDataFromSelection() const
 
 void BareTextEditor::takeFocusAndMeasure()
 {
-    if (window() != this) {
+    if (window() != this) { // an editor without a parent is a window, which gets focus by itself
         setFocus();
     }
     m_coordinator->updateHeight();

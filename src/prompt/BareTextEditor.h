@@ -7,33 +7,36 @@ class Coordinator;
 struct ContentHeight;
 struct Look;
 
-/// The writing surface: plain text on several lines, without border or scroll bars, which takes the
-/// keyboard once it is shown and measures the height of its own text.
+/// The writing surface: plain text on several lines, without border or scroll bars, which takes
+/// keyboard focus once shown and measures the height of its own text.
 class BareTextEditor final : public QPlainTextEdit
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(BareTextEditor)
 
 public:
+    /// The functions of @p contentHeight are copied and must be callable as long as the editor
+    /// exists.
     BareTextEditor(const ContentHeight &contentHeight, QWidget *parent);
 
-    /// The note as it stands, lines divided by LF. Copies it: a note may be megabytes long, and
-    /// typing must not cost more for that.
+    /// The whole note, with lines separated by LF. Copies it, so must not be called on every
+    /// keystroke: a note may be megabytes long.
     [[nodiscard]] QString text() const;
-    /// There is nothing in the note but white space.
+    /// Whether the note is empty or contains only white space.
     [[nodiscard]] bool isBlank() const;
-    /// Replaces the whole note, unless it is the same already.
+    /// Replaces the whole note with plainText(@p text), unless that is already the note.
     void setText(const QString &text);
-    /// An input method is in the middle of composing something.
+    /// Whether an input method is composing.
     [[nodiscard]] bool isComposing() const;
-    /// A composition has ended and no key that the editor saw has come since; asking forgets it.
-    /// Some engines end it themselves at a key that they then pass on.
+    /// Whether a composition has ended since the last key that the editor received. Calling this
+    /// resets the answer. Needed because some input methods end a composition on Escape and also
+    /// pass Escape on.
     [[nodiscard]] bool forgetJustComposed();
-    /// Makes what is being composed part of the note, at its place.
+    /// Commits the text being composed to the note, where it stands.
     void endComposition();
-    /// Tells the input method where the caret is now; to be called when the window has moved.
+    /// Reports the caret's position to the input method. Must be called after the window has moved.
     void tellCaretPlace();
-    /// In the viewport's coordinates, and never beyond its edge.
+    /// In the viewport's coordinates, and never beyond its edges.
     [[nodiscard]] QRect caretRect() const;
     [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery property) const override;
 

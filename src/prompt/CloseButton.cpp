@@ -11,7 +11,7 @@ CloseButton::CloseButton(QWidget *parent)
 {
     setAccessibleName(tr("Close"));
     setFixedSize(side, side);
-    // A click must not take the caret out of the note; Control-Tab can.
+    // A click must not move keyboard focus out of the note; Control-Tab can.
     setFocusPolicy(Qt::TabFocus);
 }
 
@@ -33,13 +33,17 @@ void CloseButton::paintEvent(QPaintEvent *)
         painter.setBrush(palette().color(Look::focusRingRole));
         painter.drawEllipse(circle.adjusted(-ring, -ring, ring, ring));
     }
-    painter.setPen(QPen(red.darker(115), 0.5));
+    // The outline lies inside the circle.
+    constexpr qreal outline = 0.5;
+    constexpr qreal inset = outline / 2;
+    painter.setPen(QPen(red.darker(115), outline));
     painter.setBrush(isDown() ? red.darker(125) : red);
-    painter.drawEllipse(circle.adjusted(0.25, 0.25, -0.25, -0.25));
+    painter.drawEllipse(circle.adjusted(inset, inset, -inset, -inset));
     if (showsCross()) {
         constexpr qreal arm = 2.4;
+        constexpr qreal crossWidth = 1.2;
         const QPointF centre = circle.center();
-        painter.setPen(QPen(QColor(0x7E0508), 1.2, Qt::SolidLine, Qt::RoundCap));
+        painter.setPen(QPen(QColor(0x7E0508), crossWidth, Qt::SolidLine, Qt::RoundCap));
         painter.drawLine(centre - QPointF(arm, arm), centre + QPointF(arm, arm));
         painter.drawLine(centre - QPointF(arm, -arm), centre + QPointF(arm, -arm));
     }

@@ -10,9 +10,9 @@ class CloseButton final : public QAbstractButton
     Q_DISABLE_COPY_MOVE(CloseButton)
 
 public:
-    /// Of the circle.
+    /// The diameter of the circle, in logical pixels.
     static constexpr int diameter = 12;
-    /// Of the square that reacts: easily hit (WCAG 2.2, 2.5.8).
+    /// The side of the clickable square, large enough to hit easily (WCAG 2.2, 2.5.8).
     static constexpr int side = 24;
 
     explicit CloseButton(QWidget *parent);

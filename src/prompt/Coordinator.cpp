@@ -11,8 +11,8 @@
 
 namespace
 {
-/// The height of the text, measured line by line and given up beyond what the box can show: the
-/// cost does not grow with the note.
+/// The height of the text, measured paragraph by paragraph and only until it exceeds what the box
+/// can show, so that the cost does not grow with the note.
 double textHeight(const QTextDocument &document)
 {
     double height = 0;

@@ -7,13 +7,14 @@
 
 class QTextDocument;
 
-/// What the owner of an editor lends it: where the height of the box is kept.
+/// Access to the height of the writing box (logical pixels), which the editor's owner stores.
 struct ContentHeight {
     std::function<double()> read;
     std::function<void(double)> write;
 };
 
-/// Tells the owner of an editor the height of its text after each edit.
+/// Reports the height that the text needs to the editor's owner after each edit, if it differs from
+/// the current one.
 class Coordinator final : public QObject
 {
     Q_OBJECT

@@ -8,7 +8,7 @@
 
 namespace
 {
-void moveToTheRight(QTextLayout &layout)
+void alignRight(QTextLayout &layout)
 {
     for (int i = 0; i < layout.lineCount(); ++i) {
         QTextLine line = layout.lineAt(i);
@@ -22,7 +22,7 @@ QRectF ParagraphLayout::blockBoundingRect(const QTextBlock &block) const
 {
     QRectF rect = QPlainTextDocumentLayout::blockBoundingRect(block);
     if (block.isValid() && block.textDirection() == Qt::RightToLeft) {
-        moveToTheRight(*block.layout());
+        alignRight(*block.layout());
     }
     return rect;
 }

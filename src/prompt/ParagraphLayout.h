@@ -3,8 +3,8 @@
 
 #include <QPlainTextDocumentLayout>
 
-/// Lays out plain text like the toolkit, but puts each paragraph that is written from the right, as
-/// its first strong letter tells, at the right edge.
+/// Lays out plain text like the toolkit, but aligns each right-to-left paragraph (judged by its
+/// first strongly directional character) to the right edge.
 class ParagraphLayout final : public QPlainTextDocumentLayout
 {
     Q_OBJECT
@@ -13,6 +13,7 @@ class ParagraphLayout final : public QPlainTextDocumentLayout
 public:
     using QPlainTextDocumentLayout::QPlainTextDocumentLayout;
 
-    /// Asked for each paragraph before it is drawn, clicked or measured.
+    /// Aligns the paragraph as a side effect: the toolkit calls this before it draws, hit-tests or
+    /// measures one.
     [[nodiscard]] QRectF blockBoundingRect(const QTextBlock &block) const override;
 };

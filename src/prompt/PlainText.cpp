@@ -5,6 +5,7 @@
 
 namespace
 {
+// QTextBeginningOfFrame and QTextEndOfFrame, with which QTextDocument marks frames.
 constexpr char16_t firstFrameMark = 0xFDD0;
 constexpr char16_t lastFrameMark = 0xFDD1;
 
@@ -42,7 +43,9 @@ QString plainText(const QString &text)
             ++i;
         } else if (isLineBreak(character)) {
             result += u'\n';
-            i += character == u'\r' && next == u'\n' ? 1 : 0;
+            if (character == u'\r' && next == u'\n') { // CR LF is one line break
+                ++i;
+            }
         } else {
             result += QChar(QChar::ReplacementCharacter);
         }

@@ -3,8 +3,8 @@
 
 #include "look/FloatingWindow.h"
 
-/// The backdrop that fills a whole prompt, title strip included: translucent, or opaque where
-/// nothing is composited.
+/// The backdrop that fills a whole prompt, including the title strip: translucent, or opaque
+/// without a compositor. Its colours are here and not in look/, because only the prompt uses them.
 class PromptGlassBackground final
 {
 public:
@@ -20,6 +20,7 @@ public:
 private:
     void paintGlass(QPainter &painter, const QPainterPath &shape,
                     FloatingWindow::Behind behind) const;
+    /// The opaque variant.
     void paintMaterial(QPainter &painter, const QPainterPath &shape) const;
     [[nodiscard]] bool isLight() const { return m_colorScheme == ColorScheme::Light; }
 

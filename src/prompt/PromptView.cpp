@@ -76,6 +76,7 @@ void PromptView::resizeEvent(QResizeEvent *)
 void PromptView::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    // On a dark backdrop, a shadow must be more opaque to be visible.
     const double opacity = m_colorScheme == ColorScheme::Light ? 0.14 : 0.28;
     Shadow{.offsetY = 1, .blur = 3, .color = atOpacity(Qt::black, opacity)}.paint(
         painter, m_box->geometry(), WritingBox::cornerRadius);
@@ -93,7 +94,7 @@ void PromptView::addShortcuts()
          Qt::META | Qt::Key_Enter},
         [this] { submit(); });
     add({Qt::Key_Escape}, [this] { cancel(); });
-    // Tab itself belongs to the note.
+    // Tab alone inserts a tab into the note.
     add({Qt::CTRL | Qt::Key_Tab}, [this] { focusNextChild(); });
     add({Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab},
         [this] { focusPreviousChild(); });
@@ -101,10 +102,10 @@ void PromptView::addShortcuts()
 
 void PromptView::submit()
 {
-    // What an input method still holds was typed too.
+    // The user has typed the text being composed as well.
     m_box->editor().endComposition();
     const QString note = m_box->editor().text().trimmed();
-    if (!note.isEmpty()) {
+    if (!note.isEmpty()) { // submitting a blank note does nothing; the prompt stays open
         m_callbacks.onSubmit(note);
     }
 }

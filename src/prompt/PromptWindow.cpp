@@ -37,7 +37,7 @@ PromptWindow::PromptWindow(const QDateTime &openedAt, std::optional<ColorScheme>
             [this](const QVariant &height) { setFrameHeight(height.toInt()); });
     setFrameHeight(fittingHeight());
     moveToOpeningPlace();
-    // Queued behind the editor's first measurement, which tells the height to open at.
+    // Queued behind the editor's first measurement, which determines the initial height.
     QMetaObject::invokeMethod(this, &PromptWindow::settle, Qt::QueuedConnection);
 }
 
@@ -114,6 +114,7 @@ void PromptWindow::updateLook()
 void PromptWindow::closeEvent(QCloseEvent *event)
 {
     m_heightAnimation.stop();
+    // Discards the text being composed, like the rest of a note that was not saved.
     QGuiApplication::inputMethod()->reset();
     desktop().session->release();
     event->accept();

@@ -11,15 +11,16 @@
 
 class TitleStrip;
 
-/// The floating card. Grows with its text, its top edge still. Closing it only hides it.
+/// The floating card. Grows downwards with its text. Closing it only hides it.
 class PromptWindow final : public FloatingWindow
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(PromptWindow)
 
 public:
-    /// @p openedAt is an instant (UTC), shown in the zone in force now. @p desktop must outlive the
-    /// window; the window follows its appearance, but for a scheme that it is forced into.
+    /// @p openedAt is in UTC and shown in the time zone in force now. @p desktop must outlive the
+    /// window, which follows its appearance, except for the colour scheme if @p forcedScheme is
+    /// set.
     PromptWindow(const QDateTime &openedAt, std::optional<ColorScheme> forcedScheme,
                  const Desktop &desktop, PromptCallbacks callbacks);
 

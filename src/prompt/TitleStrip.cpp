@@ -25,12 +25,14 @@ TitleStrip::TitleStrip(const QString &title, const Look &look, QWidget *parent)
 {
     m_title->setFont(systemFont(FontSizes::headline, QFont::DemiBold));
     m_title->setTextFormat(Qt::PlainText);
+    // Worded for a keyboard with a Control key in tovla_en.ts: "Ctrl+↵ to save".
     m_hint->setText(tr("⌘↵ to save · esc to cancel"));
     for (QLabel *const label : {m_title, static_cast<QLabel *>(m_hint)}) {
         label->setAttribute(Qt::WA_TransparentForMouseEvents);
     }
     connect(m_closeButton, &QAbstractButton::clicked, this, &TitleStrip::closeRequested);
-    // The editor tells it in words.
+    // Screen readers skip the hint: the editor's accessible description says it in words. Its role
+    // deprives it of the name that a label would have, so it is set here.
     m_hint->setAccessibleName(m_hint->text());
     Accessible::hide(*m_hint);
     setLook(look);

@@ -9,7 +9,7 @@ class CloseButton;
 class ElidedLabel;
 class QLabel;
 
-/// The strip above a prompt's content: the close button, the time and what the keyboard can do.
+/// The strip above a prompt's content: the close button, the time and the keyboard shortcuts.
 class TitleStrip final : public QWidget
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
 
     TitleStrip(const QString &title, const Look &look, QWidget *parent);
 
-    /// What the keyboard can do, in words for a screen reader, which would skip the symbols.
+    /// The keyboard shortcuts in words, for screen readers, which would skip the symbols.
     [[nodiscard]] static QString spokenHint();
     void setLook(const Look &look);
 

@@ -13,7 +13,7 @@
 namespace
 {
 constexpr int boxPadding = 16;
-/// Where a line starts inside the padding, as in the desktop text views that the look is after.
+/// Where a line starts inside the padding, as in the text views that this look is modelled on.
 constexpr int linePadding = 5;
 /// QPlainTextEdit scrolls by a line unless its viewport is a pixel higher than its text.
 constexpr int editorSlack = 1;
@@ -50,6 +50,7 @@ void WritingBox::setLook(const Look &look)
 
 void WritingBox::layOutEditor()
 {
+    // Not from width(), because the box has no size yet when this is first called.
     constexpr int left = boxPadding + linePadding;
     m_editor->setGeometry(left, boxPadding, PromptView::width - 2 * (PromptView::margin + left),
                           static_cast<int>(m_editorHeight - EditorHeight::chrome) + editorSlack);
@@ -65,7 +66,7 @@ void WritingBox::paintEvent(QPaintEvent *)
 void WritingBox::mousePressEvent(QMouseEvent *event)
 {
     m_editor->endComposition();
-    // The padding belongs to the paper: a click there puts the caret at the nearest place.
+    // The padding is part of the writing area: a click there puts the caret at the nearest place.
     const QPoint inEditor = m_editor->viewport()->mapFrom(this, event->position().toPoint());
     m_editor->setTextCursor(m_editor->cursorForPosition(inEditor));
     m_editor->setFocus(Qt::MouseFocusReason);

@@ -10,8 +10,8 @@
 
 class BareTextEditor;
 
-/// The white box of a prompt with the note in it. Clips the editor while the prompt still grows
-/// towards the height of its text.
+/// The box that contains the note. Clips the editor while the prompt is still growing to the height
+/// of its text.
 class WritingBox final : public QWidget
 {
     Q_OBJECT
