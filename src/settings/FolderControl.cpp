@@ -15,7 +15,9 @@
 namespace
 {
 constexpr int spacing = 12;
-constexpr int leastSpace = 8;
+// A spacer between the texts and the button, with the usual spacing on both sides.
+constexpr int spacer = 8;
+constexpr int textsToButton = spacing + spacer + spacing;
 constexpr int nameToPath = 2;
 } // namespace
 
@@ -34,9 +36,9 @@ FolderControl::FolderControl()
     setContentsMargins(ControlStyle::overhang);
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins({});
-    layout->setSpacing(0); // the toolkit would put none beside the space
+    layout->setSpacing(0); // QBoxLayout adds no spacing around a spacer, so it is included in it
     layout->addLayout(createTexts(), 1);
-    layout->addSpacing(spacing + leastSpace + spacing);
+    layout->addSpacing(textsToButton);
     layout->addItem(new OverhangItem(m_button, ControlStyle::overhang));
 }
 

@@ -16,7 +16,7 @@ class FolderControl final : public QWidget
 public:
     FolderControl();
 
-    /// Empty while no folder has been chosen.
+    /// Shows @p path, or "No folder selected" if it is empty.
     void showFolder(const QString &path);
 
 signals:

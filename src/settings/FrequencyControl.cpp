@@ -69,6 +69,7 @@ void FrequencyControl::step(int direction)
     set(IntervalText::clamped(m_minutes + direction * IntervalText::step));
 }
 
+// Callers limit the number: step() does, and so does Stepper::request().
 void FrequencyControl::set(qint64 minutes)
 {
     if (minutes != m_minutes) {

@@ -13,7 +13,7 @@ class NumberField;
 class QLabel;
 class Stepper;
 
-/// How many minutes there are between two prompts, and when the next one comes.
+/// The number of minutes between two prompts, and the time of the next one.
 class FrequencyControl final : public QWidget
 {
     Q_OBJECT
@@ -24,11 +24,11 @@ public:
     explicit FrequencyControl(const Compositor &compositor);
 
     void showMinutes(qint64 minutes);
-    /// An instant (UTC), shown in the current time zone; nothing while no prompt is expected.
+    /// Shows @p next (in UTC) in the current time zone, or nothing if no prompt is expected.
     void showNextPrompt(const std::optional<QDateTime> &next);
 
 signals:
-    /// Within the limits of what can be chosen.
+    /// From IntervalText::minimum to IntervalText::maximum.
     void minutesChosen(qint64 minutes);
 
 protected:

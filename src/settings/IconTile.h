@@ -5,7 +5,7 @@
 
 #include <QWidget>
 
-/// The coloured tile with a symbol at the left of a row. An unknown symbol leaves it empty.
+/// The coloured tile with a symbol on the left of a row. An unknown symbol leaves it empty.
 class IconTile final : public QWidget
 {
     Q_OBJECT

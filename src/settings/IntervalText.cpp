@@ -9,7 +9,7 @@ namespace IntervalText
 {
 namespace
 {
-/// Some locales group with a kind of space that no keyboard has.
+/// Some locales group with a kind of space that cannot be typed.
 QString withTypedSpaces(QString text, const QLocale &locale)
 {
     const QString group = locale.groupSeparator();
@@ -30,7 +30,7 @@ QString text(qint64 minutes, const QLocale &locale)
 std::optional<qint64> parsed(const QString &text, const QLocale &locale)
 {
     const QString trimmed = text.trimmed();
-    if (trimmed.contains(QChar::Null)) { // the toolkit would take it for the end
+    if (trimmed.contains(QChar::Null)) { // the toolkit would stop parsing there
         return std::nullopt;
     }
     bool isInteger = false;
@@ -49,6 +49,8 @@ qint64 clamped(qint64 minutes)
 
 QString hoursAndMinutes(const QTime &time, const QLocale &locale)
 {
+    // The seconds and the separator before them, unless that is white space or the quote of a
+    // literal text.
     static const QRegularExpression seconds(QStringLiteral("[^\\w\\s']?s{1,2}"));
     QString format = locale.timeFormat(QLocale::ShortFormat);
     return locale.toString(time, format.remove(seconds));

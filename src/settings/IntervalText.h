@@ -7,9 +7,11 @@
 
 #include <optional>
 
-/// Numbers and times as the user's locale writes them.
+/// The limits of the interval that can be chosen, and intervals and times as the user's locale
+/// writes them.
 namespace IntervalText
 {
+/// In minutes.
 inline constexpr qint64 minimum = 1;
 inline constexpr qint64 maximum = 1440;
 inline constexpr qint64 step = 5;
@@ -17,13 +19,13 @@ inline constexpr qint64 step = 5;
 /// 1440 as "1,440" in English.
 [[nodiscard]] QString text(qint64 minutes, const QLocale &locale);
 
-/// The integer that the user typed, with or without the locale's grouping; nothing for any other
-/// text and for what does not fit 64 bits.
+/// The integer that the user typed, with or without the locale's grouping; nullopt for any other
+/// text and for numbers that do not fit 64 bits. Not limited to the range above.
 [[nodiscard]] std::optional<qint64> parsed(const QString &text, const QLocale &locale);
 
-/// From minimum to maximum.
+/// The nearest number from minimum to maximum.
 [[nodiscard]] qint64 clamped(qint64 minutes);
 
-/// The time without seconds, which some locales' short format has.
+/// The time in the locale's short format, without the seconds that some locales include.
 [[nodiscard]] QString hoursAndMinutes(const QTime &time, const QLocale &locale);
 } // namespace IntervalText

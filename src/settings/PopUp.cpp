@@ -67,21 +67,22 @@ PopUp::PopUp(const QString &accessibleName, const Compositor &compositor, QWidge
     Accessible::setFactory(*this, makeAccessible);
     setAccessibleName(accessibleName);
     view()->setAccessibleName(accessibleName);
-    connect(this, &QComboBox::currentIndexChanged, this, &PopUp::tellChoice);
+    connect(this, &QComboBox::currentIndexChanged, this, &PopUp::reportChoice);
 }
 
-void PopUp::tellChoice(int index)
+void PopUp::reportChoice(int index)
 {
     view()->setCurrentIndex(model()->index(index, modelColumn(), rootModelIndex()));
-    // A pop-up's value is looked for in its list, which is not there while it is closed.
+    // Screen readers look for a pop-up's value in its list, which does not exist while it is
+    // closed.
     Accessible::describe(*this, currentText());
-    // The open list tells of it itself.
+    // The open list reports the change itself.
     if (hasFocus() && !view()->isVisible()) {
-        tellFocus(index);
+        reportFocus(index);
     }
 }
 
-void PopUp::tellFocus(int index)
+void PopUp::reportFocus(int index)
 {
     // Screen readers speak the item that gets the focus.
     QAccessibleEvent event(view(), QAccessible::Focus);
@@ -92,7 +93,7 @@ void PopUp::tellFocus(int index)
 void PopUp::setListPalette(const QPalette &palette)
 {
     view()->window()->setPalette(palette);
-    // The menu behind it is seen through the list.
+    // The menu that is drawn behind the list shows through it.
     QPalette clear = palette;
     clear.setColor(QPalette::Base, Qt::transparent);
     clear.setColor(QPalette::Window, Qt::transparent);
@@ -103,10 +104,10 @@ void PopUp::showPopup()
 {
     QWidget *const list = view()->window();
     list->setAttribute(Qt::WA_TranslucentBackground, m_compositor.isRunning());
-    // Of the list's parts, which are no items, the toolkit would tell too, and complain.
+    // The toolkit would also report the list's parts that are not items, and print warnings.
     Accessible::quietly([this] { QComboBox::showPopup(); });
-    // The names stand where the closed pop-up shows the chosen one.
-    constexpr int overhang = 20;
-    list->setGeometry(list->geometry().adjusted(-overhang, 0, 0, 0));
-    tellFocus(currentIndex());
+    // Aligns the names in the list with the name in the closed pop-up.
+    constexpr int nameIndent = 20;
+    list->setGeometry(list->geometry().adjusted(-nameIndent, 0, 0, 0));
+    reportFocus(currentIndex());
 }

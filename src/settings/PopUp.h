@@ -5,8 +5,8 @@
 
 class Compositor;
 
-/// A pop-up menu of names. To a screen reader it has the name that it is given; the toolkit would
-/// tell its current text as its name.
+/// A pop-up menu of names. Screen readers get the given name; the toolkit would report the current
+/// text instead.
 class PopUp final : public QComboBox
 {
     Q_OBJECT
@@ -16,13 +16,13 @@ public:
     /// @p compositor must outlive the pop-up.
     PopUp(const QString &accessibleName, const Compositor &compositor, QWidget *parent);
 
-    /// The open list is a window of its own and takes no palette from ours.
+    /// Needed because the open list is a window of its own and does not inherit our palette.
     void setListPalette(const QPalette &palette);
     void showPopup() override;
 
 private:
-    void tellChoice(int index);
-    void tellFocus(int index);
+    void reportChoice(int index);
+    void reportFocus(int index);
 
     const Compositor &m_compositor;
 };

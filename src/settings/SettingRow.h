@@ -7,8 +7,8 @@
 
 class IconTile;
 
-/// One row of the settings: a tile at the left; beside it a title, a sentence that explains it, and
-/// the row's own control.
+/// One row of the settings: a tile on the left, and next to it a title, a sentence that explains it
+/// and the row's control.
 class SettingRow final : public QWidget
 {
     Q_OBJECT

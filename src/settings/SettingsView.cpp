@@ -21,6 +21,7 @@ namespace
 constexpr int viewPadding = 24;
 constexpr int dividerLeading = 50;
 constexpr int dividerPadding = 12;
+constexpr int dividerThickness = 1;
 
 class Divider final : public QWidget
 {
@@ -29,7 +30,7 @@ public:
         : QWidget(parent)
     {
         Accessible::hide(*this);
-        setFixedHeight(2 * dividerPadding + 1);
+        setFixedHeight(2 * dividerPadding + dividerThickness);
     }
 
 protected:
@@ -42,7 +43,7 @@ protected:
         pen.setCapStyle(Qt::FlatCap);
         QPainter painter(this);
         painter.setPen(pen);
-        constexpr qreal middle = dividerPadding + 0.5;
+        constexpr qreal middle = dividerPadding + dividerThickness / 2.0;
         painter.drawLine(QLineF(dividerLeading, middle, width(), middle));
     }
 };
@@ -105,7 +106,7 @@ void SettingsView::folderChosen(const QString &path)
         m_state.setFolderPath(path);
         return;
     }
-    // The chooser is still on the screen.
+    // Queued, because the chooser is still open.
     QMetaObject::invokeMethod(
         this,
         [this] {

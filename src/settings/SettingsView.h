@@ -12,7 +12,7 @@ class SoundControl;
 class ThemeControl;
 class QVBoxLayout;
 
-/// The content of the settings window. What is changed in it takes effect at once.
+/// The content of the settings window. Changes take effect immediately.
 class SettingsView final : public QWidget
 {
     Q_OBJECT

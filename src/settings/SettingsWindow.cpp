@@ -8,8 +8,8 @@
 
 #include <QVBoxLayout>
 
-// Programs find the window by its title, in every language.
 SettingsWindow::SettingsWindow(AppState &state)
+    // The title is not translated, because other programs find the window by it.
     : PanelWindow(QStringLiteral("Tovla Settings"), QAccessible::Window)
     , m_state(state)
     , m_view(new SettingsView(state, this))
@@ -30,7 +30,8 @@ SettingsWindow::SettingsWindow(AppState &state)
 
 void SettingsWindow::updateLook()
 {
-    // The theme is for the content; a chooser that opens over it follows the desktop.
+    // The theme applies to the content only; a folder chooser that opens over it follows the
+    // desktop.
     const Appearance &appearance = *m_state.desktop().appearance;
     setPalette(look(appearance).palette());
     const Look content = look(appearance, preferredColorScheme(m_state.theme()));

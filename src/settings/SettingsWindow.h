@@ -7,7 +7,7 @@ class AppState;
 class SettingsView;
 class TightScrollArea;
 
-/// The one settings window. Closing it hides it.
+/// The settings window, of which there is only one. Closing it hides it.
 class SettingsWindow final : public PanelWindow
 {
     Q_OBJECT

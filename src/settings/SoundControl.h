@@ -8,7 +8,7 @@ class PopUp;
 class QPushButton;
 struct Look;
 
-/// Which sound is played when a prompt opens. Choosing is silent; Preview plays.
+/// The sound that is played when a prompt opens. Choosing one is silent; Preview plays it.
 class SoundControl final : public QWidget
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
 
     void showSound(const QString &name);
 
-    /// The pop-up list and the symbol do not take their colours from the window by themselves.
+    /// Needed because the pop-up's list and the symbol do not take their colours from the window.
     void setLook(const Look &look);
 
 signals:

@@ -17,6 +17,7 @@ namespace
 {
 constexpr int faceMargin = ControlStyle::faceMargin;
 constexpr int stepperWidth = 15;
+// In eighths of a degree, like QWheelEvent::angleDelta().
 constexpr int wheelNotch = 120;
 
 class AccessibleStepper final : public QAccessibleWidget, public QAccessibleValueInterface
@@ -101,7 +102,8 @@ void Stepper::stepBy(int direction)
 
 void Stepper::announceUnlessFocused(int before)
 {
-    // Screen readers speak the value of what has the focus, and the arrows do not take it.
+    // Screen readers speak the value of the focused widget only, and clicking an arrow does not
+    // focus the stepper.
     if (m_value != before && !hasFocus()) {
         Accessible::announce(*window(), QString::number(m_value));
     }

@@ -5,25 +5,25 @@
 
 #include <functional>
 
-/// Two arrows for a number beside it. Takes the focus as one control; with it, the up and down keys
-/// and the wheel step too. To assistive technology it is the number itself.
+/// Two arrows for the number next to it. Takes focus as one control; while it has focus, the up and
+/// down keys and the wheel step as well. To assistive technology it is the number itself.
 class Stepper final : public QWidget
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(Stepper)
 
 public:
-    /// What the number may be.
+    /// The limits and the step.
     struct Range {
         int minimum;
         int maximum;
         int step;
     };
-    /// What the user wants of it.
+    /// Called when the user changes the number.
     struct Callbacks {
-        /// Gets 1 or -1 for each step.
+        /// Receives 1 or -1 for each step.
         std::function<void(int)> stepBy;
-        /// Gets a number in the range.
+        /// Receives a number in the range.
         std::function<void(int)> set;
     };
 
@@ -31,9 +31,9 @@ public:
 
     [[nodiscard]] const Range &range() const { return m_range; }
     [[nodiscard]] int value() const { return m_value; }
-    /// The number is @p value now.
+    /// Shows @p value, that is, reports it to assistive technology.
     void setValue(int value);
-    /// The user wants another number; one out of the range becomes the nearest in it.
+    /// Sets the number on behalf of the user, limited to the range.
     void request(int value);
 
 protected:

@@ -25,6 +25,7 @@ ThemeControl::ThemeControl()
     setContentsMargins(ControlStyle::radioOverhang);
     layout->setContentsMargins({});
     layout->setSpacing(optionSpacing);
+    // In the order of allThemePreferences.
     const QStringList names{tr("Follow System"), tr("Light"), tr("Dark")};
     for (int index = 0; index < names.size(); ++index) {
         auto *const option = new QRadioButton(Labels::withMnemonic(names.at(index)), this);
@@ -36,8 +37,8 @@ ThemeControl::ThemeControl()
     }
     // Not idClicked: a screen reader toggles a button without a click.
     connect(&m_options, &QButtonGroup::idToggled, this, [this](int index, bool isOn) {
-        // The toolkit sees to this only once one of them has had the focus; until then, Tab would
-        // go to the first.
+        // The toolkit does this only after one of the buttons has had focus; until then, Tab would
+        // go to the first one.
         m_options.button(index)->setFocusPolicy(isOn ? Qt::StrongFocus : Qt::ClickFocus);
         const ThemePreference chosen = allThemePreferences.at(static_cast<size_t>(index));
         if (isOn && chosen != m_theme) {

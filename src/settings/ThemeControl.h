@@ -6,7 +6,7 @@
 #include <QButtonGroup>
 #include <QWidget>
 
-/// Whether the windows look as the system does, or always light, or always dark.
+/// The choice between the system's colour scheme, always light and always dark.
 class ThemeControl final : public QWidget
 {
     Q_OBJECT
