@@ -37,11 +37,11 @@ public:
 };
 
 #if QT_VERSION < QT_VERSION_CHECK(6, 8, 0)
-// Screen readers ask for the text only when they get to it.
+// How long the notification exists: screen readers request its text only when they get to it.
 constexpr auto notificationTime = std::chrono::seconds(10);
 
-/// Screen readers speak a notification that appears. This one is not seen, and belongs to no
-/// window, or they would read the window out again before it.
+/// Screen readers speak a notification when it appears. This one is invisible, and its accessible
+/// parent is not a window, because screen readers would first read that window out again.
 class Notification final : public QWidget
 {
 public:
@@ -85,8 +85,8 @@ void Accessible::hide(QWidget &widget)
 
 void Accessible::describe(QWidget &widget, const QString &description)
 {
-    // Older toolkits tell of a change with the widget in place of the text, at which screen readers
-    // stumble.
+    // Older Qt versions report a change with the widget where screen readers expect the text, which
+    // makes them fail.
     quietly([&] { widget.setAccessibleDescription(description); });
 }
 
@@ -106,7 +106,7 @@ void Accessible::announce(QWidget &window, const QString &text)
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
     QAccessibleAnnouncementEvent event(&window, text);
 #else
-    // A new one each time: of events from the same object, only the last is heard.
+    // A new object each time: of several events from one object, only the last is spoken.
     QAccessibleEvent event(new Notification(&window, text), QAccessible::ObjectShow);
 #endif
     QAccessible::updateAccessibility(&event);

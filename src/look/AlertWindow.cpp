@@ -28,14 +28,23 @@ constexpr int titleToText = 6;
 constexpr int textToButton = 16;
 constexpr int buttonHeight = 28;
 
-/// A yellow warning sign in the lower right corner of a square with sides of @p side.
+/// Room for the badge around the icon, to its left and right and below it.
+constexpr int iconMargin = 2;
+
+/// A yellow warning sign in the lower right corner of a square with sides of @p side, which it
+/// exceeds a little.
 void drawBadge(QPainter &painter, qreal side)
 {
-    constexpr qreal badge = 20;
-    const QRectF rect(side - badge + 4, side - badge + 3, badge, badge - 2);
-    const QPolygonF triangle({QPointF(rect.center().x(), rect.top() + 2),
-                              QPointF(rect.right() - 2, rect.bottom() - 2),
-                              QPointF(rect.left() + 2, rect.bottom() - 2)});
+    constexpr qreal badgeWidth = 20;
+    constexpr qreal badgeHeight = 18;
+    constexpr qreal beyondRight = 4;
+    constexpr qreal beyondBottom = 1;
+    const QRectF rect(side - badgeWidth + beyondRight, side - badgeHeight + beyondBottom,
+                      badgeWidth, badgeHeight);
+    constexpr qreal inset = 2; // the thick pen rounds the corners
+    const QPolygonF triangle({QPointF(rect.center().x(), rect.top() + inset),
+                              QPointF(rect.right() - inset, rect.bottom() - inset),
+                              QPointF(rect.left() + inset, rect.bottom() - inset)});
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(Qt::white, 5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolygon(triangle);
@@ -43,10 +52,14 @@ void drawBadge(QPainter &painter, qreal side)
     painter.setPen(QPen(yellow, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(yellow);
     painter.drawPolygon(triangle);
+    // The exclamation mark.
+    constexpr qreal strokeTop = 6.5;
+    constexpr qreal strokeBottom = 10.5;
+    constexpr qreal dot = 14;
     painter.setPen(QPen(Qt::black, 2, Qt::SolidLine, Qt::RoundCap));
     const qreal x = rect.center().x();
-    painter.drawLine(QPointF(x, rect.top() + 6.5), QPointF(x, rect.top() + 10.5));
-    painter.drawPoint(QPointF(x, rect.top() + 14));
+    painter.drawLine(QPointF(x, rect.top() + strokeTop), QPointF(x, rect.top() + strokeBottom));
+    painter.drawPoint(QPointF(x, rect.top() + dot));
 }
 
 class WarningIcon final : public QWidget
@@ -56,16 +69,16 @@ public:
         : QWidget(parent)
     {
         Accessible::hide(*this);
-        setFixedSize(iconSide + 4, iconSide + 2);
+        setFixedSize(iconSide + 2 * iconMargin, iconSide + iconMargin);
     }
 
 protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
-        applicationIcon().paint(&painter, 2, 0, iconSide, iconSide);
-        painter.translate(2, 0);
-        drawBadge(painter, iconSide - 2);
+        applicationIcon().paint(&painter, iconMargin, 0, iconSide, iconSide);
+        painter.translate(iconMargin, 0);
+        drawBadge(painter, iconSide - iconMargin);
     }
 };
 

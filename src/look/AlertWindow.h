@@ -8,7 +8,7 @@ class QLabel;
 class QPushButton;
 
 /// A warning with a single button, modal to the whole application and reported to assistive
-/// technology as an alert. Hides itself when it is dismissed.
+/// technology as an alert. Hides itself when dismissed.
 class AlertWindow final : public FloatingWindow
 {
     Q_OBJECT

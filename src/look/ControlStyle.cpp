@@ -63,7 +63,7 @@ void drawRadio(QPainter &painter, const QStyleOption &option)
     painter.restore();
 }
 
-/// Not the toolkit's default button, which would be the one with focus.
+/// Not the same as the toolkit's default button, which is the one with focus.
 bool isProminent(const QStyleOption &option, const QWidget *widget)
 {
     return widget != nullptr && widget->property(prominentProperty).toBool()
@@ -248,7 +248,7 @@ int ControlStyle::styleHint(StyleHint hint, const QStyleOption *option, const QW
     case SH_ScrollBar_Transient: // over the content
     case SH_ComboBox_Popup: // opens with the chosen item, ticked, over the button
     case SH_Menu_MouseTracking:
-    case SH_Menu_AllowActiveAndDisabled: // keys reach what a menu only tells, so that it is heard
+    case SH_Menu_AllowActiveAndDisabled: // so that screen readers also speak disabled items
         return 1;
     case SH_ComboBox_PopupFrameStyle:
         return QFrame::NoFrame;

@@ -26,10 +26,11 @@ public:
 
     ControlStyle();
 
-    /// Paints @p button in the accent colour, as the one that Return presses wherever focus is.
+    /// Paints @p button in the accent colour, to mark the button that Return presses wherever focus
+    /// is.
     static void setProminent(QPushButton &button);
 
-    /// Sets whether the letters that press a control together with Alt are underlined.
+    /// Sets whether mnemonics, the letters that press a control together with Alt, are underlined.
     void setShowsMnemonics(bool shows) { m_showsMnemonics = shows; }
 
     /// Draws the raised face common to all controls, in the state given by @p option.

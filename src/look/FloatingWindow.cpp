@@ -13,7 +13,7 @@
 
 namespace
 {
-// The height of the frame's upper edge, by which it is dragged and which must be on a screen.
+// The height of the frame's upper edge, by which the user drags it and which must be on a screen.
 constexpr int edgeHeight = 28;
 
 FloatingWindow::Behind behindWindows(const Compositor &compositor)
@@ -96,7 +96,7 @@ void FloatingWindow::followScreens()
         place.moveCenter(geometry().center());
         setGeometry(place);
     }
-    // Some window managers leave a window where there is no longer a screen.
+    // Some window managers leave a window where there is no screen any more.
     const QRect edge(mapToGlobal(frame().topLeft()), QSize(frame().width(), edgeHeight));
     if (QGuiApplication::screenAt(edge.center()) == nullptr) {
         moveToOpeningPlace();

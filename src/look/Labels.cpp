@@ -62,7 +62,7 @@ bool ElidedLabel::event(QEvent *event)
     colors.setColor(QPalette::ToolTipText, palette().color(QPalette::WindowText));
     QToolTip::setPalette(colors);
     QToolTip::setFont(systemFont(FontSizes::subheadline));
-    // Tooltips take what looks like markup for markup.
+    // Tooltips interpret text that looks like markup as markup.
     QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
                        QStringLiteral("<span>%1</span>").arg(text().toHtmlEscaped()), this);
     return true;

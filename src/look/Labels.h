@@ -12,7 +12,7 @@ namespace Labels
 /// a parent.
 [[nodiscard]] QLabel *plain(const QString &text, const QFont &font, QPalette::ColorRole role);
 
-/// The text of a button that Alt and its first letter press.
+/// @p text for a button whose mnemonic is the first letter.
 [[nodiscard]] QString withMnemonic(const QString &text);
 } // namespace Labels
 

@@ -68,7 +68,7 @@ void raiseContrast(Look &look)
     look.placeholder = atOpacity(full, 0.75);
     look.hint = full;
     look.divider = atOpacity(full, 0.5);
-    // Half of it is covered by the face.
+    // The face of the control covers half of the rim.
     look.controlRim = full;
     look.rim = {.shade = atOpacity(full, 0.75), .light = Qt::transparent};
     look.shadowRim = look.rim.shade;

@@ -41,8 +41,9 @@ struct Look {
     QColor shadowRim;
 
     [[nodiscard]] bool isLight() const { return scheme == ColorScheme::Light; }
-    /// The palette of our standard widgets. Labels of lower text levels and dividers use the roles
-    /// below, which nothing else of ours uses; so setting the palette changes the look of a window.
+    /// The palette of our standard widgets, so that setting the palette of a window changes its
+    /// look. Colours for which the toolkit has no role use the roles below, which are not otherwise
+    /// used in our windows.
     [[nodiscard]] QPalette palette() const;
 
     static constexpr auto secondaryTextRole = QPalette::LinkVisited;

@@ -5,8 +5,8 @@
 #include <QRect>
 #include <QSize>
 
-/// The area without panels on the screen with the pointer, or on the primary screen if no screen
-/// has it. In logical pixels.
+/// The area without panels on the screen with the pointer, or on the primary screen if the pointer
+/// is on none. In logical pixels.
 [[nodiscard]] QRect availableAreaWithPointer();
 
 /// The top left corner of a window of @p size that is centred horizontally in @p area, with the

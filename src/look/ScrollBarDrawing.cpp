@@ -14,7 +14,7 @@ namespace
 constexpr int thickness = 7;
 constexpr int edge = 3;
 static_assert(thickness + edge == ScrollBarDrawing::extent);
-// Short handles of long texts can still be caught.
+// In logical pixels; the handle of a long text must still be easy to hit.
 constexpr int shortest = 24;
 
 QRect handle(const QStyleOptionSlider &option)

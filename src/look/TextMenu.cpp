@@ -104,7 +104,8 @@ void serveText(Text &text, const Compositor &compositor)
 
 void TextMenu::paste(QLineEdit &text)
 {
-    // Each further question would wait as long as the first.
+    // If the clipboard's owner does not answer this request, each further one would wait for the
+    // full timeout as well.
     const QMimeData *const content = QGuiApplication::clipboard()->mimeData();
     if (content != nullptr && !content->formats().isEmpty()) {
         text.insert(content->text());

@@ -5,14 +5,15 @@ class Compositor;
 class QLineEdit;
 class QPlainTextEdit;
 
-/// The context menu of a text field, in the look of its window. The toolkit's own menu would ask
-/// for the clipboard's content before it opens, and wait for its owner.
+/// The context menu of a text field, in the look of its window. The toolkit's own menu would
+/// request the clipboard's content before it opens, and wait for the clipboard's owner.
 namespace TextMenu
 {
 /// Opens the menu whenever a context menu of @p text is requested. @p compositor must outlive the
 /// text.
 void serve(QPlainTextEdit &text, const Compositor &compositor);
 void serve(QLineEdit &text, const Compositor &compositor);
-/// Inserts what is on the clipboard. An owner that does not answer is asked once only.
+/// Inserts the clipboard's text. If the clipboard's owner does not answer, waits for only one
+/// timeout.
 void paste(QLineEdit &text);
 } // namespace TextMenu

@@ -9,7 +9,7 @@
 
 namespace
 {
-// What window managers put above a window, with something to spare.
+// The height of a title bar that window managers add, with some to spare.
 constexpr int titleBarHeight = 48;
 } // namespace
 

@@ -3,8 +3,8 @@
 
 #include <QScrollArea>
 
-/// As large as its content where the screen has room for it, and otherwise as high as a window on
-/// that screen can be; the content then scrolls, and the control with focus scrolls into sight.
+/// As large as its content if the screen has room for it, and otherwise as high as a window on that
+/// screen can be; the content then scrolls, and the control with focus is scrolled into view.
 class TightScrollArea final : public QScrollArea
 {
     Q_OBJECT

@@ -31,13 +31,13 @@ ProgressBar::ProgressBar(bool isStill, QWidget *parent)
 
 void ProgressBar::setPercentage(std::optional<int> percentage)
 {
-    constexpr int heardStep = 10;
+    constexpr int reportedStep = 10;
     const int before = value();
     const auto show = [&] {
         setRange(0, percentage ? 100 : 0);
         setValue(percentage.value_or(0));
     };
-    if (percentage && maximum() > 0 && *percentage / heardStep == before / heardStep) {
+    if (percentage && maximum() > 0 && *percentage / reportedStep == before / reportedStep) {
         Accessible::quietly(show);
     } else {
         show();

@@ -17,7 +17,7 @@ public:
     /// With @p isStill, unknown progress is not animated.
     ProgressBar(bool isStill, QWidget *parent);
 
-    /// 0 to 100; nullopt while unknown. Screen readers are told every ten per cent.
+    /// 0 to 100; nullopt while unknown. Reported to screen readers in steps of ten.
     void setPercentage(std::optional<int> percentage);
 
 protected:

@@ -16,7 +16,7 @@ TextBox::TextBox(const QString &name, QWidget *parent)
     setAccessibleName(name);
     Accessible::hide(*viewport());
     setReadOnly(true);
-    // Allows selection with the keyboard, too.
+    // Text can be selected with the keyboard as well as with the mouse.
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setTabChangesFocus(true);
     setFrameShape(QFrame::NoFrame);

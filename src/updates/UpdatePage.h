@@ -22,7 +22,7 @@ struct UpdatePage {
 
     QString headline{};
     QString text{};
-    /// What went wrong with the last attempt, or what to consider before the next.
+    /// What went wrong with the last attempt, or what to consider before the next one.
     QString remark{};
     QString releaseNotes{};
     /// Shown only on request.

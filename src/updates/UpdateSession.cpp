@@ -112,7 +112,8 @@ void UpdateSession::ownPackageFound(const Outcome &outcome, const std::optional<
 
 void UpdateSession::refreshFinished(const Outcome &outcome)
 {
-    // Even after a failure: another source may have failed while ours was refreshed.
+    // Continues even after a failure, because another source may have failed while ours was
+    // refreshed.
     m_refresh = outcome;
     showProgress({});
     m_packages.findNewerVersion(m_own, then(&UpdateSession::newerVersionFound));
@@ -127,7 +128,8 @@ void UpdateSession::newerVersionFound(const Outcome &outcome, const std::optiona
     } else if (!m_refresh.succeeded()) {
         failToRetrieve(m_refresh);
     } else {
-        // Asked only now: before the first refresh, the system knows no sources of packages.
+        // Queried only now, because the system knows no sources of packages before the first
+        // refresh.
         showProgress({});
         m_packages.findInstalled(m_own, then(&UpdateSession::explainNoUpdate));
     }
@@ -139,7 +141,7 @@ void UpdateSession::updateFound(const Package &update)
         fail(Failure::notRetrieved,
              QStringLiteral("%1 is held back by the package manager.").arg(update.id));
     } else if (!m_own.source.isEmpty() && m_own.source != update.source) {
-        // A package of the same name from another source, however trusted.
+        // Refuses a package of the same name from another source, even a trusted one.
         fail(Failure::noSource,
              QStringLiteral("%1, but this version came from %2.").arg(update.id, m_own.source));
     } else {

@@ -57,7 +57,7 @@ void showButton(QPushButton &button, const UpdatePage::Button &contents)
 
 UpdateWindow::UpdateWindow(const Desktop &desktop, UpdateSession &session)
     : PanelWindow(tr("Software Update"),
-                  QAccessible::Window) // of a dialog, screen readers would read all texts
+                  QAccessible::Window) // screen readers read out all the texts of a dialog
     , m_desktop(desktop)
     , m_session(session)
     , m_column(new QVBoxLayout)
@@ -160,7 +160,7 @@ void UpdateWindow::showPage(const UpdatePage &page)
     const bool isAnotherPage = page.headline != m_page.headline || page.primary != m_page.primary;
     m_page = page;
     const auto showText = [](QLabel *label, const QString &text) {
-        // Each event counts: a screen reader drops what it is told in a flood.
+        // Avoids needless events, because screen readers drop events that arrive in a flood.
         if (label->text() != text) {
             label->setText(text);
         }
@@ -218,16 +218,16 @@ void UpdateWindow::announcePage()
         return;
     }
     m_isAnnounced = true;
-    QString heard = m_page.headline;
-    // How far a download is, the bar tells.
+    QString spoken = m_page.headline;
+    // With a bar, the text is left out: the bar reports the progress itself.
     if (!m_page.hasBar) {
-        heard += (heard.back().isLetterOrNumber() ? QStringLiteral(". ") : QStringLiteral(" "))
+        spoken += (spoken.back().isLetterOrNumber() ? QStringLiteral(". ") : QStringLiteral(" "))
             + m_page.text;
     }
     if (!m_page.remark.isEmpty()) {
-        heard += u' ' + m_page.remark;
+        spoken += u' ' + m_page.remark;
     }
-    Accessible::announce(*this, heard);
+    Accessible::announce(*this, spoken);
 }
 
 bool UpdateWindow::event(QEvent *event)
@@ -247,7 +247,7 @@ void UpdateWindow::hideEvent(QHideEvent *event)
 
 void UpdateWindow::closeEvent(QCloseEvent *event)
 {
-    // An operation that cannot be cancelled continues; the menu item shows the window again.
+    // An operation that cannot be cancelled continues; "Check for Updates…" shows the window again.
     m_session.cancel();
     QWidget::closeEvent(event);
 }

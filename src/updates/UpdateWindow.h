@@ -48,7 +48,7 @@ private:
     const Desktop &m_desktop;
     UpdateSession &m_session;
     UpdatePage m_page;
-    /// A screen reader has been told of the page.
+    /// Whether the page has been announced to screen readers.
     bool m_isAnnounced = false;
     QVBoxLayout *m_column;
     QLabel *m_headline;

@@ -55,7 +55,7 @@ void UpdaterController::showOutcome()
 {
     const UpdateState &state = m_session->state();
     const bool hasEnded = std::exchange(m_isUnderWay, state.isUnderWay()) && !m_isUnderWay;
-    // The window was closed during the operation.
+    // The window was closed during the operation, so the user has not seen how it ended.
     if (hasEnded && state.stage != UpdateState::Stage::idle && !m_window->isVisible()) {
         m_state().desktop().windows->present(*m_window);
     }
@@ -67,7 +67,7 @@ void UpdaterController::restart()
         m_state().desktop().alerts->warn(
             tr("Update Installed"), tr("The new version will be available next time."), nullptr);
     } else if (QWidget *const prompt = m_state().openPrompt()) {
-        // Waits until the note being written is saved or discarded.
+        // Waits until the open note is saved or discarded.
         prompt->installEventFilter(this);
     } else {
         m_state().desktop().program->restart();
@@ -77,7 +77,7 @@ void UpdaterController::restart()
 bool UpdaterController::eventFilter(QObject *, QEvent *event)
 {
     if (event->type() == QEvent::Hide && !event->spontaneous()) {
-        // Checks again: another prompt may have opened by then.
+        // Checks again, because another prompt may have opened by then.
         QMetaObject::invokeMethod(this, &UpdaterController::restart, Qt::QueuedConnection);
     }
     return false;

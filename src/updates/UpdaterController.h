@@ -17,7 +17,7 @@ class UpdaterController final : public QObject
     Q_DISABLE_COPY_MOVE(UpdaterController)
 
 public:
-    /// Does nothing yet: @p state is not called before the first check.
+    /// @p state returns the program's state; it is not called before the first check.
     explicit UpdaterController(AppState &(*state)());
     ~UpdaterController() override;
 
