@@ -29,15 +29,15 @@ public:
         QString programVersion{};
         /// Where it came from or would come from; empty if unknown.
         QString source{};
-        /// It is known not to come from any of the system's sources.
+        /// Whether the package is known not to come from any of the system's sources.
         bool isWithoutSource = false;
-        /// The package manager is configured not to change it.
+        /// Whether the package manager is configured not to change the package.
         bool isHeldBack = false;
     };
     enum class Failure {
         none,
         cancelled,
-        /// The service does not answer, or no longer does.
+        /// The service is not available or does not answer.
         noService,
         offline,
         /// Other software is being installed.
@@ -58,7 +58,7 @@ public:
     };
     struct Change {
         QString name{};
-        /// It is installed only because the update needs it.
+        /// Whether the package would be installed anew, because the update needs it.
         bool isNew = false;
     };
     struct Progress {

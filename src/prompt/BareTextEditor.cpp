@@ -57,7 +57,7 @@ BareTextEditor::BareTextEditor(const ContentHeight &contentHeight, QWidget *pare
     connect(this, &QPlainTextEdit::textChanged, m_coordinator, &Coordinator::textDidChange);
     connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect &, int scrolled) {
         if (scrolled != 0) {
-            tellCaretPlace();
+            reportCaretPlace();
         }
     });
     QMetaObject::invokeMethod(this, &BareTextEditor::takeFocusAndMeasure, Qt::QueuedConnection);
@@ -216,7 +216,7 @@ QVariant BareTextEditor::inputMethodQuery(Qt::InputMethodQuery property) const
     return answer;
 }
 
-void BareTextEditor::tellCaretPlace()
+void BareTextEditor::reportCaretPlace()
 {
     if (hasFocus()) {
         QGuiApplication::inputMethod()->update(Qt::ImCursorRectangle | Qt::ImAnchorRectangle);

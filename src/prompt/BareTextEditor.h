@@ -35,7 +35,7 @@ public:
     /// Commits the text being composed to the note, where it stands.
     void endComposition();
     /// Reports the caret's position to the input method. Must be called after the window has moved.
-    void tellCaretPlace();
+    void reportCaretPlace();
     /// In the viewport's coordinates, and never beyond its edges.
     [[nodiscard]] QRect caretRect() const;
     [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery property) const override;

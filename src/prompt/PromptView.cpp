@@ -55,7 +55,7 @@ void PromptView::setLook(const Look &look)
 
 void PromptView::placeDidChange()
 {
-    m_box->editor().tellCaretPlace();
+    m_box->editor().reportCaretPlace();
 }
 
 void PromptView::serveMenu(const Compositor &compositor)

@@ -32,7 +32,7 @@ struct UpdateState {
         notManaged,
         /// The system has no software source that provides newer versions.
         noSource,
-        /// There is no update service, or it went away or does not answer.
+        /// There is no update service, it has ended or it does not answer.
         noService,
         offline,
         /// The list of newer versions could not be retrieved.
@@ -55,7 +55,7 @@ struct UpdateState {
     QString releaseNotes{};
     /// Names of other packages that would change along with ours.
     QStringList otherPackages{};
-    /// The user was asked for authorisation and did not give it.
+    /// Whether the user was asked for authorisation and did not give it.
     bool wasNotAuthorised = false;
     /// Progress of the current step, 0 to 100; nullopt while unknown.
     std::optional<int> percentage{};

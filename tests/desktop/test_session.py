@@ -120,7 +120,7 @@ class SessionTest(DesktopCase):
                 result = subprocess.run([os.environ["TOVLA"]], env=environment | display,
                                         capture_output=True, text=True, timeout=60, check=False)
                 self.assertEqual(result.returncode, 1)
-                self.assertRegex(result.stderr, "^tovla: there is no desktop to run on: .*\n$")
+                self.assertRegex(result.stderr, "^tovla: cannot connect to a display: .*\n$")
 
 
 if __name__ == "__main__":

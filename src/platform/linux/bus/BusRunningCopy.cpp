@@ -12,7 +12,8 @@ namespace
 {
 const QString name = QStringLiteral("org.tovla.Tovla");
 const QString path = QStringLiteral("/org/tovla/Tovla");
-// A running copy answers within milliseconds, but a suspended one keeps the name indefinitely.
+// How long to wait for the running copy. It answers within milliseconds, but a suspended one keeps
+// the name and never answers.
 constexpr std::chrono::milliseconds patience = std::chrono::seconds(3);
 
 // A flag and a result of org.freedesktop.DBus.RequestName.
@@ -49,7 +50,7 @@ void BusRunningCopy::claim()
         QMetaObject::invokeMethod(this, &RunningCopy::becameFirst, Qt::QueuedConnection);
         return;
     }
-    // Registered before the name, so that the object exists as soon as the name does.
+    // Registers the object before the name, so that it exists as soon as the name does.
     QDBusConnection::sessionBus().registerObject(path, this, QDBusConnection::ExportAllSlots);
     auto request = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),

@@ -14,8 +14,8 @@ class BusRunningCopy final : public RunningCopy
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    /// To be called before the application object is created, which takes what a launcher says out
-    /// of the environment.
+    /// Must be called before the application object is created, because that removes the launcher's
+    /// startup notification from the environment.
     static void prepare();
 
     BusRunningCopy();

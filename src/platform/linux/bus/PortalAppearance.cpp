@@ -19,10 +19,10 @@ const QString colorSchemeKey = QStringLiteral("color-scheme");
 const QString accentKey = QStringLiteral("accent-color");
 const QString contrastKey = QStringLiteral("contrast");
 const QString reducedMotionKey = QStringLiteral("reduced-motion");
-// For portals that do not have the key above yet.
+// For portals that do not provide reduced-motion yet.
 const QString animationsKey = QStringLiteral("enable-animations");
 
-/// Read returns a variant inside a variant.
+/// Needed because the portal's method Read returns a variant inside a variant.
 QVariant unwrapped(QVariant value)
 {
     while (value.metaType() == QMetaType::fromType<QDBusVariant>()) {

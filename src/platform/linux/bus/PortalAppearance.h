@@ -18,7 +18,7 @@ class PortalAppearance final : public Appearance
     Q_DISABLE_COPY_MOVE(PortalAppearance)
 
 public:
-    /// @p otherwise tells what the portal does not.
+    /// @p otherwise provides the settings that the portal does not.
     explicit PortalAppearance(std::unique_ptr<Appearance> otherwise);
 
     [[nodiscard]] ColorScheme colorScheme() const override;

@@ -13,7 +13,8 @@ namespace
 {
 const QString fileChooser = QStringLiteral("org.freedesktop.portal.FileChooser");
 
-/// By which the portal knows our window; nothing where only the compositor could tell.
+/// The portal's identifier for @p window; empty on Wayland, where only the compositor could provide
+/// one.
 QString handleOf(const QWidget &window)
 {
     return QGuiApplication::platformName() == u"xcb"
@@ -21,8 +22,8 @@ QString handleOf(const QWidget &window)
         : QString();
 }
 
-/// Nothing for what is no file of this machine. A byte that is no UTF-8 becomes U+FFFD, as in any
-/// name of a file.
+/// The path of a local file; empty for any other URI. Bytes that are not valid UTF-8 become U+FFFD,
+/// as in any file name that the toolkit decodes.
 QString pathOf(const QString &uri)
 {
     const QByteArray scheme = "file://";
@@ -41,7 +42,7 @@ void PortalFolderChooser::choose(QWidget &parent, const QString &prompt,
         return;
     }
     if (m_request) {
-        return; // it is modal, and so in front of its parent
+        return; // the open chooser is modal, so it is already in front of its parent
     }
     m_request = new PortalRequest(fileChooser, QStringLiteral("OpenFile"),
                                   {handleOf(parent), parent.windowTitle()},

@@ -7,7 +7,7 @@
 
 class PortalRequest;
 
-/// The desktop's own chooser, by way of the portal; the toolkit's where there is no portal.
+/// The desktop's own folder chooser, opened through the portal; without a portal, the toolkit's.
 class PortalFolderChooser final : public FileDialogFolderChooser
 {
 public:

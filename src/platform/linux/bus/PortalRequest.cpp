@@ -14,10 +14,11 @@
 namespace
 {
 const QString requestInterface = QStringLiteral("org.freedesktop.portal.Request");
-// A portal takes a request at once, but may have to be started for it.
+// A portal accepts a request immediately, but may have to be started first.
 constexpr std::chrono::milliseconds patience = std::chrono::seconds(5);
 
-/// Where the portal will put the request, so that no answer can come before somebody listens.
+/// The object path that the portal will use for the request. Known in advance, so that its signals
+/// can be connected before an answer can arrive.
 QString expectedPath(const QDBusConnection &bus, const QString &token)
 {
     const QString sender = bus.baseService().mid(1).replace(u'.', u'_');
@@ -62,7 +63,7 @@ void PortalRequest::listenTo(const QString &path)
 void PortalRequest::requestAnswered(const QDBusMessage &reply)
 {
     if (reply.type() != QDBusMessage::ReplyMessage) {
-        // It may have been taken all the same, too late.
+        // The portal may nonetheless have accepted the request, after the timeout.
         sendClose();
         emit failed();
         return;
@@ -90,7 +91,8 @@ void PortalRequest::close()
 {
     m_isClosed = true;
     disconnect();
-    // Before it is accepted nobody knows it by its path.
+    // The portal does not know the path before it has accepted the request; requestAnswered() then
+    // closes it.
     if (m_isAccepted) {
         sendClose();
         deleteLater();

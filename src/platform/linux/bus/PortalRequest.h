@@ -5,8 +5,8 @@
 #include <QObject>
 #include <QVariantMap>
 
-/// Something asked of the desktop portal that it answers whenever the user has decided
-/// (org.freedesktop.portal.Request). Ends with exactly one of its signals.
+/// A request to the desktop portal, which answers once the user has decided
+/// (org.freedesktop.portal.Request). Emits accepted() and then answered(), or failed() at any time.
 class PortalRequest final : public QObject
 {
     Q_OBJECT
@@ -17,15 +17,16 @@ public:
     PortalRequest(const QString &interface, const QString &method, QVariantList arguments,
                   QVariantMap options, QObject *parent);
 
-    /// Takes the request back, whatever has come of it.
+    /// Withdraws the request in whatever state it is. No signal is emitted any more, and this
+    /// object deletes itself once the portal has been informed.
     void close();
 
 signals:
-    /// The portal has taken the request.
+    /// The portal has accepted the request. The user may not have decided yet.
     void accepted();
-    /// @p response is 0 where the user agreed.
+    /// @p response is 0 if the user agreed.
     void answered(uint response, const QVariantMap &results);
-    /// There is no such portal, or it went away.
+    /// There is no such portal, or it has ended.
     void failed();
 
 private slots:

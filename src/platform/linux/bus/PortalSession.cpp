@@ -8,7 +8,7 @@ namespace
 {
 const QString managerService = QStringLiteral("org.gnome.SessionManager");
 const QString managerPath = QStringLiteral("/org/gnome/SessionManager");
-// The same in the portal's flags and in the session manager's.
+// The flag for inhibiting log-out, the same for the portal and the session manager.
 constexpr uint logout = 1;
 
 QDBusMessage callOfManager(const QString &method)
@@ -16,7 +16,7 @@ QDBusMessage callOfManager(const QString &method)
     return QDBusMessage::createMethodCall(managerService, managerPath, managerService, method);
 }
 
-void letGo(uint cookie)
+void endInhibition(uint cookie)
 {
     auto call = callOfManager(QStringLiteral("Uninhibit"));
     call << cookie;
@@ -56,7 +56,7 @@ void PortalSession::holdByManager(const QString &reason)
                  if (m_isHeld && hold == m_hold) {
                      m_cookie = cookie;
                  } else {
-                     letGo(cookie);
+                     endInhibition(cookie);
                  }
              });
 }
@@ -69,7 +69,7 @@ void PortalSession::release()
         m_request.clear();
     }
     if (m_cookie) {
-        letGo(*m_cookie);
+        endInhibition(*m_cookie);
         m_cookie.reset();
     }
 }

@@ -10,7 +10,8 @@
 
 class PortalRequest;
 
-/// The session as the portal knows it, else as the session manager of GNOME and its relatives does.
+/// The session, reached through the portal or, without a portal, through GNOME's session manager,
+/// whose interface related desktops provide too.
 class PortalSession final : public QObject, public Session
 {
     Q_OBJECT
@@ -26,9 +27,10 @@ private:
     void holdByManager(const QString &reason);
 
     QPointer<PortalRequest> m_request;
-    /// By which the session manager lets go; nothing while it does not hold.
+    /// Identifies our inhibition to the session manager; nullopt while there is none.
     std::optional<uint> m_cookie;
-    /// Counts what was asked for: an answer to what was taken back meanwhile is taken back too.
+    /// The number of the latest hold(): if an earlier one is answered after its release(), its
+    /// inhibition is ended immediately.
     int m_hold = 0;
     bool m_isHeld = false;
 };

@@ -13,7 +13,7 @@ namespace
 class BootTimeTimer final : public RepeatingTimer
 {
 public:
-    /// @p descriptor is a kernel timer's, owned by this object from now on.
+    /// Takes ownership of @p descriptor, a kernel timer.
     BootTimeTimer(int descriptor, std::chrono::seconds interval, std::function<void()> action)
         : m_descriptor(descriptor)
         , m_notifier(m_descriptor, QSocketNotifier::Read)
@@ -78,7 +78,7 @@ std::unique_ptr<RepeatingTimer> BootTimeTimers::repeat(std::chrono::seconds inte
 {
     const int descriptor = timerfd_create(CLOCK_BOOTTIME, TFD_NONBLOCK | TFD_CLOEXEC);
     if (descriptor < 0) {
-        // No descriptor is left. Prompts that do not count sleep are better than none.
+        // No descriptor is left. A timer that may not count sleep is better than none.
         return ToolkitTimers().repeat(interval, std::move(action));
     }
     return std::make_unique<BootTimeTimer>(descriptor, interval, std::move(action));

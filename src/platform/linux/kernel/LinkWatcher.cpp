@@ -72,7 +72,7 @@ void LinkWatcher::readEvents()
     }
 }
 
-/// Reads all pending events.
+/// Reads all pending events and returns whether one of them concerns the current watch.
 bool LinkWatcher::hasNews() const
 {
     bool isNews = false;

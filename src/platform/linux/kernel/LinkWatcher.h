@@ -5,9 +5,9 @@
 
 class QSocketNotifier;
 
-/// Signals when a symbolic link itself, not its target, is replaced, removed or created; for a
-/// regular file in its place, also when that is written. Other files in the folder do not wake the
-/// program, unless the link is missing.
+/// Signals when a symbolic link itself, not its target, is replaced, removed or created; if there
+/// is a regular file in its place, also when that is written. Other files in the folder do not wake
+/// the program, unless the link is missing.
 class LinkWatcher final : public QObject
 {
     Q_OBJECT

@@ -35,7 +35,7 @@ QString &ownPath()
 bool isRestartWanted = false;
 bool isEnding = false;
 
-/// Notices when the program is asked to quit, by its menu, by the session or by us.
+/// Notices when the program is told to quit, from its menu, by the session or by our own code.
 class EndWatcher final : public QObject
 {
 public:
@@ -49,7 +49,8 @@ protected:
     }
 };
 
-/// A saved session would start Tovla in addition to the copy that the user starts at login.
+/// Without this, a saved session would start Tovla in addition to the copy that the user starts at
+/// login.
 void stayOutOfSavedSessions()
 {
     const auto neverRestart
@@ -73,15 +74,13 @@ void endOnSignals()
     });
 }
 
-/// Until the application object exists: without a display the toolkit would explain itself in
-/// several lines and end with a core dump.
+/// Handles messages until the application object exists: without a display, the toolkit would print
+/// several lines and abort with a core dump.
 void endInOneLine(QtMsgType type, const QMessageLogContext &, const QString &)
 {
     if (type == QtFatalMsg) {
-        std::fputs(
-            "tovla: there is no desktop to run on: neither DISPLAY nor WAYLAND_DISPLAY leads "
-            "to one\n",
-            stderr);
+        std::fputs("tovla: cannot connect to a display: check DISPLAY and WAYLAND_DISPLAY\n",
+                   stderr);
         std::_Exit(EXIT_FAILURE);
     }
 }
@@ -90,7 +89,8 @@ void endInOneLine(QtMsgType type, const QMessageLogContext &, const QString &)
 void LinuxProgram::prepare()
 {
     qInstallMessageHandler(endInOneLine);
-    // Screen readers keep asking about closed windows: hundreds of lines a day in the log.
+    // Screen readers keep querying closed windows, and the toolkit would log hundreds of warnings a
+    // day.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.accessibility.atspi.warning=false"));
     ownPath() = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
     // On Wayland, windows cannot place, raise or float themselves, but through XWayland they can.
@@ -132,7 +132,8 @@ int LinuxProgram::end(int exitStatus, char **argv)
 {
     if (isRestartWanted) {
         // execv closes all connections, which releases the bus name before the new program can
-        // request it. The variables only say that D-Bus started the old program.
+        // request it. The variables mean that D-Bus started the program, which is true of the old
+        // one only.
         qunsetenv("DBUS_STARTER_BUS_TYPE");
         qunsetenv("DBUS_STARTER_ADDRESS");
         execv(QFile::encodeName(ownPath()).constData(), argv);

@@ -39,7 +39,8 @@ void SystemClock::readTimer()
 
 void SystemClock::connectNotify(const QMetaMethod &signal)
 {
-    // Only views that show a time need this, and there are none at startup.
+    // The zone is watched only on demand: only views that show a time need it, and there are none
+    // at startup.
     if (signal == QMetaMethod::fromSignal(&Clock::zoneChanged) && !m_watchesZone) {
         m_watchesZone = true;
         watchZone();

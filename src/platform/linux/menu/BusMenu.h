@@ -7,7 +7,7 @@
 
 class QMenu;
 
-/// Exports a menu without submenus on the bus, for desktops that draw it themselves. Changes of the
+/// Exports a menu without submenus on the bus, for desktops that draw it themselves. Changes to the
 /// menu are signalled immediately.
 class BusMenu final : public QObject
 {

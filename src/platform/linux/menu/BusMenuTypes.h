@@ -9,7 +9,7 @@
 
 class QAction;
 
-/// How the host calls the keys in shortcuts: hosts know only the ones or the others.
+/// The names of keys in shortcuts that the host understands; each host understands only one kind.
 enum class KeyNames { X11, Toolkit };
 
 /// The data types of the interface com.canonical.dbusmenu (libdbusmenu, dbus-menu.xml).
@@ -50,7 +50,7 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, BusMenuLayout &la
 QDBusArgument &operator<<(QDBusArgument &argument, const BusMenuEvent &event);
 const QDBusArgument &operator>>(const QDBusArgument &argument, BusMenuEvent &event);
 
-/// Must be called before any of these is sent.
+/// Must be called before any of these types is sent.
 void registerBusMenuTypes();
 
 /// The properties with which the desktop shows @p action. Those that can change are always

@@ -73,7 +73,7 @@ void PackageKit::whenConnected(std::function<void()> action)
 
 void PackageKit::connectToBus()
 {
-    // The toolkit blocks until the bus has answered, so this is done in another thread.
+    // Connects in another thread, because the toolkit blocks until the bus has answered.
     static int count = 0;
     const QString name = QStringLiteral("tovla-updates-%1").arg(++count);
     auto *const thread = QThread::create(
@@ -166,10 +166,10 @@ void PackageKit::run(const QString &method, const QVariantList &arguments, Finis
         return;
     }
     m_transaction = new Transaction(m_bus, method, arguments, std::move(finished), this);
-    connect(m_transaction, &Transaction::progressChanged, this, &PackageKit::tellProgress);
+    connect(m_transaction, &Transaction::progressChanged, this, &PackageKit::reportProgress);
 }
 
-void PackageKit::tellProgress()
+void PackageKit::reportProgress()
 {
     emit progressed(PackageKitAnswers::progress(m_transaction->progress()));
 }

@@ -32,11 +32,11 @@ private:
     void whenConnected(std::function<void()> action);
     void connectToBus();
     void run(const QString &method, const QVariantList &arguments, Finished finished);
-    void tellProgress();
+    void reportProgress();
 
     QDBusConnection m_bus;
     bool m_isConnecting = false;
-    /// Called once there is a connection or connecting has failed.
+    /// Called once the connection is established or has failed.
     std::function<void()> m_waiting;
     QPointer<PackageKitTransaction> m_transaction;
 };

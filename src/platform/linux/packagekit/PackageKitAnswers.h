@@ -11,7 +11,7 @@ namespace PackageKitAnswers
 
 [[nodiscard]] PackageManager::Progress progress(const PackageKitTransaction::Progress &progress);
 
-/// The source's notes about the update; empty if it has none.
+/// The release notes that the source provides; empty if there are none.
 [[nodiscard]] QString releaseNotes(const QVariantList &updateDetail);
 
 /// The outcome of a query about versions or sources.

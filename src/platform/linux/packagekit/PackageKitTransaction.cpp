@@ -68,8 +68,8 @@ void PackageKitTransaction::create()
 
 void PackageKitTransaction::findService()
 {
-    // Newer Qt does not reveal the sender of a reply. A daemon that has taken over the name since
-    // then does not know our path.
+    // Newer Qt versions do not reveal the sender of a reply. If another daemon has taken over the
+    // name since, it does not know our path, and the calls fail.
     const QString bus = QStringLiteral("org.freedesktop.DBus");
     auto find = QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus,
                                                QStringLiteral("GetNameOwner"));
@@ -197,7 +197,8 @@ void PackageKitTransaction::serviceLost()
 
 void PackageKitTransaction::transactionDestroyed()
 {
-    // The error signal with the reason may still be on its way; it arrives before this reply.
+    // The error signal with the reason may still be on its way; it arrives before the reply to this
+    // call.
     call(propertiesInterface, QStringLiteral("GetAll"), {transactionInterface},
          [this](const QDBusMessage &) { end(); });
 }

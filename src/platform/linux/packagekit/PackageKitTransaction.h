@@ -14,7 +14,7 @@ struct PackageId {
 
     [[nodiscard]] QString name() const { return text.section(u';', 0, 0); }
     [[nodiscard]] QString version() const { return text.section(u';', 1, 1); }
-    /// The source that it comes from, or what is known about its origin.
+    /// The source of the package, or what is known about its origin.
     [[nodiscard]] QString data() const { return text.section(u';', 3); }
 };
 
@@ -64,7 +64,7 @@ public:
         uint exit = failed;
         uint error = none;
         QString errorText;
-        /// The daemon is not available, went away or did not answer.
+        /// The daemon is not available, has ended or did not answer.
         bool isServiceGone = false;
         QList<Package> packages;
         /// The arguments of UpdateDetail.
@@ -78,8 +78,8 @@ public:
     };
     static constexpr uint unknownPercentage = 101;
 
-    /// Runs @p method with @p arguments. @p finished always gets the outcome, unless this object is
-    /// deleted first.
+    /// Runs @p method with @p arguments. @p finished always receives the outcome, unless this
+    /// object is deleted first.
     PackageKitTransaction(QDBusConnection bus, QString method, QVariantList arguments,
                           std::function<void(const Outcome &)> finished, QObject *parent);
 
