@@ -68,7 +68,7 @@
     <name>PromptWindow</name>
     <message>
         <source>A note is being written</source>
-        <translation></translation>
+        <translation>A note is being written</translation>
     </message>
 </context>
 <context>
