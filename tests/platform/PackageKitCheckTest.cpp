@@ -93,7 +93,7 @@ private slots:
         QFETCH(const int, refreshCode);
         m_scenario[u"GetUpdates"_s] = QJsonArray{QJsonObject()};
         m_scenario[u"Resolve"_s] = QJsonArray{package(installed)};
-        if (refreshCode) {
+        if (refreshCode != 0) {
             m_scenario[u"RefreshCache"_s] = QJsonArray{error(refreshCode, refreshError)};
         }
         check();

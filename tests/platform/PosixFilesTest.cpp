@@ -175,6 +175,7 @@ private slots:
             }
         };
         std::vector<std::thread> threads;
+        threads.reserve(writers);
         for (int writer = 0; writer < writers; ++writer) {
             threads.emplace_back(write, writer);
         }

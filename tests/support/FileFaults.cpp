@@ -31,12 +31,13 @@ FileFaults::~FileFaults()
 
 int FileFaults::before(std::string_view name, const char *path)
 {
-    if (!current || current->m_isBusy || !std::string_view(path).starts_with(current->m_folder)) {
+    if (current == nullptr || current->m_isBusy
+        || !std::string_view(path).starts_with(current->m_folder)) {
         return 0;
     }
     current->m_isBusy = true;
     const int error = current->m_interference({name, path});
-    if (current) {
+    if (current != nullptr) {
         current->m_isBusy = false;
     }
     return error;
@@ -44,7 +45,7 @@ int FileFaults::before(std::string_view name, const char *path)
 
 int FileFaults::before(std::string_view name, int descriptor)
 {
-    if (!current || current->m_isBusy) {
+    if (current == nullptr || current->m_isBusy) {
         return 0;
     }
     std::array<char, PATH_MAX> target{};
@@ -81,6 +82,7 @@ int open(const char *path, int flags, ...)
 {
     va_list rest;
     va_start(rest, flags);
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): va_start initialises it
     const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
     va_end(rest);
     return carryOut<int(const char *, int, ...)>("open", path, path, flags, mode);

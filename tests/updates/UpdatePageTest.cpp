@@ -64,8 +64,8 @@ private slots:
     {
         UpdateState state{.stage = Stage::downloading};
         QCOMPARE(page(state).text, QString());
-        state.downloadSize = 2 * 1024 * 1024;
-        state.downloadedSize = 512 * 1024;
+        state.downloadSize = qint64{2} * 1024 * 1024;
+        state.downloadedSize = qint64{512} * 1024;
         QCOMPARE(page(state).text, u"512.00 KiB of 2.00 MiB"_s);
     }
 
