@@ -3,6 +3,7 @@
 
 #include "look/FloatingShadow.h"
 #include "look/Look.h"
+#include "look/ScaleFollower.h"
 #include "look/Squircle.h"
 
 #include <QEvent>
@@ -47,6 +48,7 @@ FloatingWindow::FloatingWindow(const Desktop &desktop, qreal cornerRadius, Qt::W
         connect(screen, &QScreen::geometryChanged, this, &FloatingWindow::followScreens,
                 Qt::QueuedConnection);
     }
+    new ScaleFollower(*this, *m_desktop.windows, [this] { moveToOpeningPlace(); });
 }
 
 QPainterPath FloatingWindow::frameShape() const

@@ -4,6 +4,7 @@
 #include "look/Accessible.h"
 #include "look/ApplicationIcon.h"
 #include "look/ControlStyle.h"
+#include "look/ScaleFollower.h"
 #include "look/Screens.h"
 #include "platform/Windows.h"
 
@@ -35,6 +36,12 @@ void PanelWindow::styleControls()
 }
 
 void PanelWindow::placeOnScreenWithPointer(Windows &windows)
+{
+    centre(windows);
+    new ScaleFollower(*this, windows, [this, &windows] { centre(windows); });
+}
+
+void PanelWindow::centre(Windows &windows)
 {
     adjustSize();
     windows.place(*this, placeIn(availableAreaWithPointer(), size(), 0.5));

@@ -21,7 +21,8 @@ protected:
 
     /// Draws the controls that the window has by now in our look.
     void styleControls();
-    /// To be called once the content is there; the user may move the window from then on.
+    /// Must be called once, when the content is complete. Does so again when the scale changes.
+    /// @p windows must outlive the window.
     void placeOnScreenWithPointer(Windows &windows);
 
     bool event(QEvent *event) override;
@@ -29,6 +30,7 @@ protected:
     void keyReleaseEvent(QKeyEvent *event) override;
 
 private:
+    void centre(Windows &windows);
     void showMnemonics(bool shows);
 
     ControlStyle *m_style;

@@ -24,6 +24,8 @@ public:
     /// Shows @p window, keeps it out of the taskbar and the pager, brings it to the front and gives
     /// it keyboard focus, even while the user is typing into another application.
     virtual void present(QWidget &window) = 0;
+    /// Shows @p window in the same way, but without giving it keyboard focus.
+    virtual void showInactive(QWidget &window) = 0;
     /// Declares @p shadow, in logical pixels at each edge, to be a shadow drawn by the window
     /// itself, which is not part of its frame and lets clicks through.
     virtual void setShadow(QWidget &window, const QMargins &shadow) = 0;

@@ -4,14 +4,17 @@ import itertools
 import os
 import subprocess
 import unittest
+from pathlib import Path
 
 import accessibility
-from case import (DesktopCase, active_window_title, frame_of, geometry_of, press_keys, shadow_of,
-                  type_text)
+from case import (LIGHT, SETTINGS, DesktopCase, active_window_title, color_at, frame_of, geometry,
+                  geometry_of, is_time, press_keys, shadow_of, type_text, window_of)
 from desktop import output, wait_for
+from xsettings import SettingsDaemon
 
 SIDE, HEIGHT = 1280, 900  # of each screen
 STRIP_HEIGHT = 28
+STANDARD_DPI = 96 * 1024
 
 
 def plug(name, width, height, x, output_name="none"):
@@ -34,6 +37,12 @@ def change_screens(*arguments):
 
 def point_to(x, y):
     subprocess.run(["xdotool", "mousemove", str(x), str(y)], check=True)
+
+
+def toolkit_follows_scale():
+    """Before Qt 6.6, programs keep the scale that they start with."""
+    library = next(Path("/usr/lib").glob("*/libQt6Core.so.6.*.*"))
+    return int(library.name.split(".")[3]) >= 6
 
 
 class ScreensTest(DesktopCase):
@@ -98,7 +107,7 @@ class ScreensTest(DesktopCase):
         self.start_scaled(1, 1.25)
         point_to(SIDE + 10, 10)
         self.item.click("Settings…")
-        wait_for(lambda: active_window_title() == "Tovla Settings", "the settings to be active")
+        wait_for(lambda: active_window_title() == SETTINGS, "the settings to be active")
         x, y, width, height = geometry_of("Tovla Settings")
         self.assertGreaterEqual(x, SIDE)
         self.assertLessEqual(x + width, 2 * SIDE)
@@ -147,6 +156,38 @@ class ScreensTest(DesktopCase):
         type_text("x")
         wait_for(lambda: accessibility.text_of(editor) == "x", "what was typed")
         self.assertEqual(geometry_of(self.title)[:2], (20, 300))
+
+    @unittest.skipUnless(toolkit_follows_scale(), "this toolkit keeps its scale")
+    def test_open_settings_follow_a_change_of_scale(self):
+        daemon = SettingsDaemon(Xft_DPI=STANDARD_DPI)
+        self.addCleanup(daemon.close)
+        self.open_settings(theme="light")
+        settings = window_of(SETTINGS)
+        before = geometry(settings)[2:]
+        daemon.publish(Xft_DPI=2 * STANDARD_DPI)
+        wait_for(lambda: active_window_title() == SETTINGS and window_of(SETTINGS) != settings,
+                 "the settings to open anew")
+        wait_for(lambda: geometry_of(SETTINGS)[2] == 2 * before[0], "the settings at twice the size")
+        x, y, width, _ = geometry_of(SETTINGS)
+        wait_for(lambda: color_at(x + width - 8, y + 8) == LIGHT, "the whole of it to be drawn")
+        daemon.publish(Xft_DPI=STANDARD_DPI)
+        wait_for(lambda: geometry_of(SETTINGS)[2:] == before, "the settings as before")
+
+    @unittest.skipUnless(toolkit_follows_scale(), "this toolkit keeps its scale")
+    def test_open_card_follows_a_change_of_scale(self):
+        daemon = SettingsDaemon(Xft_DPI=STANDARD_DPI)
+        self.addCleanup(daemon.close)
+        self.start()
+        self.open_prompt()
+        type_text("a note")
+        before = frame_of(active_window_title())
+        daemon.publish(Xft_DPI=2 * STANDARD_DPI)
+        wait_for(lambda: is_time(active_window_title())
+                 and frame_of(active_window_title())[2:] == tuple(2 * side for side in before[2:]),
+                 "the card at twice the size")
+        type_text(" goes on")
+        press_keys("ctrl+Return")
+        self.wait_for_day_file(lambda text: b"a note goes on" in text)
 
     def test_card_outgrows_a_small_screen_and_is_dragged_by_its_strip(self):
         unplug("right")

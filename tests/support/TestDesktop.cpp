@@ -59,7 +59,7 @@ public:
     }
     void warn(const QString &messageText, const QString &informativeText, QWidget *over) override
     {
-        m_desktop.alerts.append({messageText, informativeText, over, over && over->isVisible()});
+        m_desktop.alerts.append({messageText, informativeText, over, over != nullptr && over->isVisible()});
     }
 
 private:
@@ -107,6 +107,7 @@ public:
     {
     }
     void place(QWidget &window, const QPoint &topLeft) override { window.move(topLeft); }
+    void showInactive(QWidget &window) override { window.show(); }
     void present(QWidget &window) override
     {
         m_desktop.presented.append(&window);

@@ -15,3 +15,10 @@ void PlainWindows::present(QWidget &window)
     window.raise();
     window.activateWindow();
 }
+
+void PlainWindows::showInactive(QWidget &window)
+{
+    window.setAttribute(Qt::WA_ShowWithoutActivating);
+    window.show();
+    window.setAttribute(Qt::WA_ShowWithoutActivating, false);
+}

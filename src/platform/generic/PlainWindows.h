@@ -4,11 +4,12 @@
 #include "platform/Windows.h"
 
 /// Windows with only what the toolkit provides.
-class PlainWindows final : public Windows
+class PlainWindows : public Windows
 {
 public:
     void place(QWidget &window, const QPoint &topLeft) override;
     void present(QWidget &window) override;
+    void showInactive(QWidget &window) override;
     void setShadow(QWidget &, const QMargins &) override { }
     void setBlurBehind(QWidget &, const QRegion &) override { }
 };

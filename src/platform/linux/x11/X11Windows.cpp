@@ -51,6 +51,17 @@ void offerMovingAndClosingAlone(const QWidget &window)
                         property, 32, hints.size(), hints.data());
 }
 
+void prepareToShow(const QWidget &window)
+{
+    if (!Xcb::connection() || window.isVisible()) {
+        return;
+    }
+    keepOutOfTaskbar(window);
+    if (window.windowFlags().testFlag(Qt::CustomizeWindowHint)) {
+        offerMovingAndClosingAlone(window);
+    }
+}
+
 /// Source 2 means a pager, which acts for the user: window managers do not treat this as focus
 /// stealing, even while the user is typing (EWMH, _NET_ACTIVE_WINDOW).
 void activateAsPager(const QWidget &window)
@@ -123,7 +134,7 @@ private:
 
 void X11Windows::place(QWidget &window, const QPoint &topLeft)
 {
-    window.move(topLeft);
+    PlainWindows::place(window, topLeft);
     if (!window.isVisible()) {
         new PlaceKeeper(window, topLeft);
     }
@@ -131,20 +142,17 @@ void X11Windows::place(QWidget &window, const QPoint &topLeft)
 
 void X11Windows::present(QWidget &window)
 {
-    if (Xcb::connection() && !window.isVisible()) {
-        window.winId();
-        keepOutOfTaskbar(window);
-        if (window.windowFlags().testFlag(Qt::CustomizeWindowHint)) {
-            offerMovingAndClosingAlone(window);
-        }
-    }
-    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
-    window.show();
-    window.raise();
-    window.activateWindow();
+    prepareToShow(window);
+    PlainWindows::present(window);
     if (Xcb::connection()) {
         activateAsPager(window);
     }
+}
+
+void X11Windows::showInactive(QWidget &window)
+{
+    prepareToShow(window);
+    PlainWindows::showInactive(window);
 }
 
 void X11Windows::setShadow(QWidget &window, const QMargins &shadow)

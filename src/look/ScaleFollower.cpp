@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "look/ScaleFollower.h"
+
+#include "platform/Windows.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QWidget>
+
+#include <utility>
+
+ScaleFollower::ScaleFollower(QWidget &window, Windows &windows, std::function<void()> place)
+    : QObject(&window)
+    , m_window(window)
+    , m_windows(windows)
+    , m_place(std::move(place))
+{
+    window.installEventFilter(this);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &ScaleFollower::watch);
+    for (const QScreen *const screen : QGuiApplication::screens()) {
+        watch(screen);
+    }
+}
+
+void ScaleFollower::watch(const QScreen *screen)
+{
+    // The geometry is in logical pixels, so it changes with the scale.
+    connect(screen, &QScreen::geometryChanged, this, &ScaleFollower::check, Qt::QueuedConnection);
+}
+
+bool ScaleFollower::eventFilter(QObject *, QEvent *event)
+{
+    if (event->type() == QEvent::Show) {
+        remember();
+    }
+    return false;
+}
+
+void ScaleFollower::remember()
+{
+    m_screen = m_window.screen();
+    m_ratio = m_window.devicePixelRatioF();
+}
+
+void ScaleFollower::check()
+{
+    const bool hasMoved = m_screen != m_window.screen();
+    const bool isScaled = !qFuzzyCompare(m_ratio, m_window.devicePixelRatioF());
+    remember();
+    if (m_window.isVisible() && !hasMoved && isScaled) {
+        openAnew();
+    }
+}
+
+void ScaleFollower::openAnew()
+{
+    const bool wasActive = m_window.isActiveWindow();
+    // Hides the window and gives it a new native one.
+    m_window.setParent(m_window.parentWidget(), m_window.windowFlags());
+    m_place();
+    if (wasActive) {
+        m_windows.present(m_window);
+    } else {
+        m_windows.showInactive(m_window);
+    }
+}

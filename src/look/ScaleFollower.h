@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QScreen>
+
+#include <functional>
+
+class QWidget;
+class Windows;
+
+/// Opens a window anew when the scale of its screen changes. The toolkit gives the old one its new
+/// size, but some desktops keep the old picture or frame.
+class ScaleFollower final : public QObject
+{
+    Q_DISABLE_COPY_MOVE(ScaleFollower)
+
+public:
+    /// @p window owns this, and @p windows must outlive it. @p place is called while the window is
+    /// hidden.
+    ScaleFollower(QWidget &window, Windows &windows, std::function<void()> place);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void watch(const QScreen *screen);
+    void remember();
+    void check();
+    void openAnew();
+
+    QWidget &m_window;
+    Windows &m_windows;
+    std::function<void()> m_place;
+    /// Where the window was, and at which scale, when that was last looked at.
+    QPointer<QScreen> m_screen;
+    qreal m_ratio = 1;
+};
