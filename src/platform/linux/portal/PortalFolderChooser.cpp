@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/bus/PortalFolderChooser.h"
+#include "platform/linux/portal/PortalFolderChooser.h"
 
 #include "platform/Windows.h"
-#include "platform/linux/bus/PortalRequest.h"
+#include "platform/linux/portal/PortalRequest.h"
 
 #include <QDBusConnection>
 #include <QFile>

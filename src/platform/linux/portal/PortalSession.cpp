@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/bus/PortalSession.h"
+#include "platform/linux/portal/PortalSession.h"
 
 #include "platform/linux/bus/Bus.h"
-#include "platform/linux/bus/PortalRequest.h"
+#include "platform/linux/portal/PortalRequest.h"
 
 namespace
 {

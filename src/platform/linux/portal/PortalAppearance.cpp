@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/bus/PortalAppearance.h"
+#include "platform/linux/portal/PortalAppearance.h"
 
 #include "platform/linux/bus/Bus.h"
-#include "platform/linux/bus/Portal.h"
+#include "platform/linux/portal/Portal.h"
 
 #include <QDBusArgument>
 #include <QDBusConnection>
