@@ -47,7 +47,7 @@ void TovlaApp::launch()
     Tray &tray = *AppState::shared().desktop().tray;
     // Without an icon, a user who starts the program would think that it does not work.
     if (AppState::shared().desktop().runningCopy->wasStartedByHand()) {
-        connect(&tray, &Tray::isMissing, this, [this] { request(settingsAction); });
+        connect(&tray, &Tray::foundMissing, this, [this] { request(settingsAction); });
     }
     tray.show({.id = QStringLiteral("tovla"),
                .title = QStringLiteral("Tovla"),

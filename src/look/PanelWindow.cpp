@@ -50,7 +50,7 @@ void PanelWindow::centre(Windows &windows)
 bool PanelWindow::event(QEvent *event)
 {
     if (event->type() == QEvent::WindowDeactivate) {
-        // Alt may be let go in another window, as after Alt-Tab.
+        // Alt may be released in another window, as after Alt-Tab.
         showMnemonics(false);
     }
     return QWidget::event(event);

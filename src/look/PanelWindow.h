@@ -7,9 +7,8 @@
 class ControlStyle;
 class Windows;
 
-/// A window with the window manager's frame, as large as its content: it can be closed, with
-/// Control-W too, and that is all. The letters that Alt presses a control with are underlined while
-/// Alt is held.
+/// A window with the window manager's frame and the size of its content, which can only be moved
+/// and closed (also with Control-W). While Alt is held, the controls' access keys are underlined.
 class PanelWindow : public QWidget
 {
     Q_OBJECT
@@ -19,10 +18,10 @@ protected:
     PanelWindow(const QString &title, QAccessible::Role role);
     ~PanelWindow() override;
 
-    /// Draws the controls that the window has by now in our look.
+    /// Must be called when the window has all its controls.
     void styleControls();
-    /// Must be called once, when the content is complete. Does so again when the scale changes.
-    /// @p windows must outlive the window.
+    /// Must be called once, when the content is complete. A change of scale repeats it. @p windows
+    /// must outlive the window.
     void placeOnScreenWithPointer(Windows &windows);
 
     bool event(QEvent *event) override;

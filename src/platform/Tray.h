@@ -37,5 +37,5 @@ public:
 signals:
     /// No tray shows the item, and every tray that exists has been asked. Emitted at most once; a
     /// tray may still appear later.
-    void isMissing();
+    void foundMissing();
 };

@@ -99,7 +99,7 @@ void LinuxTray::tellWhenMissing()
     if (!m_wasMissing && m_watcher->hosts() == StatusNotifierWatcher::Hosts::None
         && !SelectionOwner("_NET_SYSTEM_TRAY_S").exists()) {
         m_wasMissing = true;
-        emit isMissing();
+        emit foundMissing();
     }
 }
 
