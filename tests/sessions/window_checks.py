@@ -27,6 +27,7 @@ class WindowChecks:
         check("the keyboard goes back", self.keyboard_back)
         check("the settings", self.settings)
         check("the settings again, from behind", self.settings_again)
+        check("the settings again, minimised", self.settings_minimised)
         check("Quit", self.quit)
 
     def windows(self):
@@ -118,6 +119,19 @@ class WindowChecks:
         if not came:
             raise Failed("they stay behind (settings-again.png)")
         return "they come to the front"
+
+    def settings_minimised(self):
+        """Some window managers minimise a window that asks for no such button. It is in no taskbar."""
+        subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{SETTINGS}$",
+                        "windowminimize"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        if not comes(lambda: not self.active(self.is_settings), 5):
+            raise NotRun("the window manager does not minimise them")
+        program.launch()
+        came = comes(lambda: self.active(self.is_settings), 5)
+        self.report.picture("settings-minimised", settled_picture(self.screen))
+        if not came:
+            raise Failed("they stay away (settings-minimised.png)")
+        return "they come back"
 
     def quit(self):
         program.quit_program()
