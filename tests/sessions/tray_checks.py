@@ -99,7 +99,7 @@ class TrayChecks:
         line = "; ".join(f"{name} {value}" for name, value in said.items())
         wrong = [f"Title is {said.get('Title')}"] * (str(item.get("Title")) != "Tovla")
         # On X11, where the program knows the position of a click, a left click opens its own menu.
-        is_menu = os.environ["XDG_SESSION_TYPE"] == "wayland"
+        is_menu = "WAYLAND_DISPLAY" in os.environ
         wrong += [f"ItemIsMenu is not {is_menu}"] * (bool(item.get("ItemIsMenu")) != is_menu)
         wrong += [f"Id is {said.get('Id')}"] * (str(item.get("Id", "")).isdigit())
         if wrong:

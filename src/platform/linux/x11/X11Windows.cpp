@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cmath>
+#include <cstring>
 #include <span>
 #include <vector>
 #include <xcb/xfixes.h>
@@ -79,6 +80,24 @@ void activateAsPager(const QWidget &window)
     xcb_flush(Xcb::connection());
 }
 
+/// The name of the window manager (EWMH, _NET_SUPPORTING_WM_CHECK); empty if it has none.
+QByteArray windowManager()
+{
+    const QByteArray window = Xcb::property(Xcb::root(), "_NET_SUPPORTING_WM_CHECK");
+    xcb_window_t owner = XCB_WINDOW_NONE;
+    if (window.size() != sizeof owner) {
+        return {};
+    }
+    std::memcpy(&owner, window.constData(), sizeof owner);
+    return Xcb::property(owner, "_NET_WM_NAME");
+}
+
+/// Whether an open window that asks for the focus is only marked as urgent, as sway does.
+bool focusesNewWindowsAlone()
+{
+    return windowManager() == "wlroots wm";
+}
+
 QRect inDevicePixels(const QRect &rect, qreal ratio)
 {
     return QRectF(rect.topLeft() * ratio, rect.size() * ratio).toAlignedRect();
@@ -142,6 +161,10 @@ void X11Windows::place(QWidget &window, const QPoint &topLeft)
 
 void X11Windows::present(QWidget &window)
 {
+    if (Xcb::connection() && window.isVisible() && !window.isActiveWindow()
+        && focusesNewWindowsAlone()) {
+        window.hide();
+    }
     prepareToShow(window);
     PlainWindows::present(window);
     if (Xcb::connection()) {

@@ -24,6 +24,17 @@ xcb_atom_t Xcb::atom(const QByteArray &name)
     return known[name] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
+QByteArray Xcb::property(xcb_window_t window, const QByteArray &name)
+{
+    constexpr uint32_t longest = 1024; // in units of four bytes
+    const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+        connection(),
+        xcb_get_property(connection(), 0, window, atom(name), XCB_ATOM_ANY, 0, longest), nullptr));
+    return reply ? QByteArray(static_cast<const char *>(xcb_get_property_value(reply.get())),
+                              xcb_get_property_value_length(reply.get()))
+                 : QByteArray();
+}
+
 int Xcb::screenNumber()
 {
     int screen = 0;

@@ -22,6 +22,8 @@ using Owned = std::unique_ptr<Reply, Free>;
 /// Asks the server only once for each name.
 [[nodiscard]] xcb_atom_t atom(const QByteArray &name);
 [[nodiscard]] xcb_window_t root();
+/// The bytes of a property of any type; empty if the window is gone or has no such property.
+[[nodiscard]] QByteArray property(xcb_window_t window, const QByteArray &name);
 /// The screen number of the display that the program is connected to.
 [[nodiscard]] int screenNumber();
 } // namespace Xcb
