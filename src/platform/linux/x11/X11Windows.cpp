@@ -80,22 +80,23 @@ void activateAsPager(const QWidget &window)
     xcb_flush(Xcb::connection());
 }
 
-/// The name of the window manager (EWMH, _NET_SUPPORTING_WM_CHECK); empty if it has none.
-QByteArray windowManager()
+/// The window that the window manager names in a property of the root window (EWMH).
+xcb_window_t windowNamedIn(const QByteArray &property)
 {
-    const QByteArray window = Xcb::property(Xcb::root(), "_NET_SUPPORTING_WM_CHECK");
-    xcb_window_t owner = XCB_WINDOW_NONE;
-    if (window.size() != sizeof owner) {
-        return {};
+    const QByteArray bytes = Xcb::property(Xcb::root(), property);
+    xcb_window_t window = XCB_WINDOW_NONE;
+    if (bytes.size() == sizeof window) {
+        std::memcpy(&window, bytes.constData(), sizeof window);
     }
-    std::memcpy(&owner, window.constData(), sizeof owner);
-    return Xcb::property(owner, "_NET_WM_NAME");
+    return window;
 }
 
-/// Whether an open window that asks for the focus is only marked as urgent, as sway does.
-bool focusesNewWindowsAlone()
+/// Sway only marks an open window that asks for the focus as urgent, but gives it to each new one.
+bool mustOpenAnew(const QWidget &window)
 {
-    return windowManager() == "wlroots wm";
+    // The toolkit takes a window for the active one until some time after it has lost the focus.
+    return window.isVisible() && windowNamedIn("_NET_ACTIVE_WINDOW") != identifier(window)
+        && Xcb::property(windowNamedIn("_NET_SUPPORTING_WM_CHECK"), "_NET_WM_NAME") == "wlroots wm";
 }
 
 QRect inDevicePixels(const QRect &rect, qreal ratio)
@@ -161,8 +162,7 @@ void X11Windows::place(QWidget &window, const QPoint &topLeft)
 
 void X11Windows::present(QWidget &window)
 {
-    if (Xcb::connection() && window.isVisible() && !window.isActiveWindow()
-        && focusesNewWindowsAlone()) {
+    if (Xcb::connection() && mustOpenAnew(window)) {
         window.hide();
     }
     prepareToShow(window);
