@@ -55,8 +55,7 @@ void ScaleFollower::check()
 void ScaleFollower::openAnew()
 {
     const bool wasActive = m_window.isActiveWindow();
-    // Hides the window and gives it a new native one.
-    m_window.setParent(m_window.parentWidget(), m_window.windowFlags());
+    m_window.hide();
     m_place();
     if (wasActive) {
         m_windows.present(m_window);

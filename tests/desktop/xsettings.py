@@ -11,22 +11,23 @@ def padded(data):
     return data + b"\0" * (-len(data) % 4)
 
 
-def encoded(values):
+def encoded(values, serials, serial):
     entries = b""
     for name, value in values.items():
         is_text = isinstance(value, str)
         entries += struct.pack("<BBH", int(is_text), 0, len(name)) + padded(name.encode())
-        entries += struct.pack("<I", 1)
+        entries += struct.pack("<I", serials[name])
         if is_text:
             entries += struct.pack("<I", len(value.encode())) + padded(value.encode())
         else:
             entries += struct.pack("<i", value)
-    return struct.pack("<BxxxII", 0, 1, len(values)) + entries
+    return struct.pack("<BxxxII", 0, serial, len(values)) + entries
 
 
 class SettingsDaemon:
     def __init__(self, **values):
         self.display = Display()
+        self.values, self.serials, self.serial = {}, {}, 0
         root = self.display.screen().root
         self.window = root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
         self.publish(**values)
@@ -40,9 +41,15 @@ class SettingsDaemon:
     def publish(self, **values):
         """Names are given with an underscore for the slash."""
         named = {name.replace("_", "/", 1): value for name, value in values.items()}
+        # The toolkit ignores a value whose serial is not higher than before.
+        self.serial += 1
+        for name, value in named.items():
+            if self.values.get(name) != value:
+                self.serials[name] = self.serial
+        self.values = named
         self.window.change_property(self.display.intern_atom("_XSETTINGS_SETTINGS"),
                                     self.display.intern_atom("_XSETTINGS_SETTINGS"), 8,
-                                    encoded(named))
+                                    encoded(named, self.serials, self.serial))
         self.display.sync()
 
     def close(self):
