@@ -48,11 +48,11 @@ void ScaleFollower::check()
     const bool isScaled = !qFuzzyCompare(m_ratio, m_window.devicePixelRatioF());
     remember();
     if (m_window.isVisible() && !hasMoved && isScaled) {
-        openAnew();
+        showAgain();
     }
 }
 
-void ScaleFollower::openAnew()
+void ScaleFollower::showAgain()
 {
     const bool wasActive = m_window.isActiveWindow();
     m_window.hide();

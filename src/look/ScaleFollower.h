@@ -10,8 +10,8 @@
 class QWidget;
 class Windows;
 
-/// Opens a window anew when the scale of its screen changes. The toolkit gives the old one its new
-/// size, but some desktops keep the old picture or frame.
+/// Hides a window and shows it again when the scale of its screen changes. The toolkit gives it its
+/// new size, but otherwise some desktops keep its old picture or frame.
 class ScaleFollower final : public QObject
 {
     Q_DISABLE_COPY_MOVE(ScaleFollower)
@@ -28,7 +28,7 @@ private:
     void watch(const QScreen *screen);
     void remember();
     void check();
-    void openAnew();
+    void showAgain();
 
     QWidget &m_window;
     Windows &m_windows;

@@ -59,7 +59,8 @@ public:
     }
     void warn(const QString &messageText, const QString &informativeText, QWidget *over) override
     {
-        m_desktop.alerts.append({messageText, informativeText, over, over != nullptr && over->isVisible()});
+        m_desktop.alerts.append(
+            {messageText, informativeText, over, over != nullptr && over->isVisible()});
     }
 
 private:
