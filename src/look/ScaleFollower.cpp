@@ -22,7 +22,7 @@ ScaleFollower::ScaleFollower(QWidget &window, Windows &windows, std::function<vo
     }
 }
 
-void ScaleFollower::watch(const QScreen *screen)
+void ScaleFollower::watch(const QScreen *screen) const
 {
     // The geometry is in logical pixels, so it changes with the scale.
     connect(screen, &QScreen::geometryChanged, this, &ScaleFollower::check, Qt::QueuedConnection);

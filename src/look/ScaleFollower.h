@@ -25,7 +25,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void watch(const QScreen *screen);
+    void watch(const QScreen *screen) const;
     void remember();
     void check();
     void showAgain();
