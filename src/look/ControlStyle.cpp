@@ -271,6 +271,7 @@ int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
     case PM_MenuVMargin:
         return MenuDrawing::padding;
     case PM_ScrollBarExtent:
+    case PM_ScrollView_ScrollBarOverlap: // over the content
         return ScrollBarDrawing::extent;
     case PM_ExclusiveIndicatorWidth:
     case PM_ExclusiveIndicatorHeight:
