@@ -13,6 +13,13 @@ UTTERANCE = re.compile(r"SPEECH OUTPUT: '(.*)'(?= voice=|\s*\{|$)", re.MULTILINE
 PROBE = "left control"
 
 
+def alike(utterance):
+    """The utterance in words that all versions of Orca share: older ones speak of a push button, and
+    newer ones say a progress bar's name with each percentage."""
+    named_bar = re.sub(r"^(Progress bar \d+\.) .* (\d+ percent)", r"\1 \2", utterance)
+    return named_bar.replace("push button", "button")
+
+
 class Orca:
     """To be started anew for each test: it remembers the objects of killed programs, and a
     newer one then now and then takes a living object for one of them and does not speak of it."""
@@ -63,8 +70,7 @@ class Orca:
     def count(self, text):
         """How often it has said this text, on its own or as words of a sentence."""
         words = re.compile(rf"(?<!\w){re.escape(text)}(?!\w)")
-        return sum(len(words.findall(utterance.replace("push button", "button")))
-                   for utterance in self.said())
+        return sum(len(words.findall(alike(utterance))) for utterance in self.said())
 
     def wait_until_silent(self):
         """Waits until nothing is left to be said: until nothing has happened to Orca between two
