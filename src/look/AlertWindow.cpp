@@ -15,7 +15,6 @@
 #include <QPainterPath>
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <QWindow>
 
 namespace
 {
@@ -181,8 +180,8 @@ void AlertWindow::keyPressEvent(QKeyEvent *event)
 
 void AlertWindow::mousePressEvent(QMouseEvent *event)
 {
-    if (event->button() == Qt::LeftButton && windowHandle()) {
-        windowHandle()->startSystemMove();
+    if (event->button() == Qt::LeftButton) {
+        desktop().windows->startMove(*this);
     }
 }
 

@@ -26,6 +26,9 @@ public:
     virtual void present(QWidget &window) = 0;
     /// Shows @p window in the same way, but without giving it keyboard focus.
     virtual void showInactive(QWidget &window) = 0;
+    /// Moves @p window with the pointer until the mouse button, which the user has just pressed, is
+    /// released.
+    virtual void startMove(QWidget &window) = 0;
     /// Declares @p shadow, in logical pixels at each edge, to be a shadow drawn by the window
     /// itself, which is not part of its frame and lets clicks through.
     virtual void setShadow(QWidget &window, const QMargins &shadow) = 0;

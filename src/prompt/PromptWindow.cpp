@@ -11,7 +11,6 @@
 #include <QInputMethod>
 #include <QPainter>
 #include <QPainterPath>
-#include <QWindow>
 
 #include <chrono>
 
@@ -122,8 +121,8 @@ void PromptWindow::closeEvent(QCloseEvent *event)
 
 void PromptWindow::mousePressEvent(QMouseEvent *event)
 {
-    if (event->button() == Qt::LeftButton && windowHandle()) {
-        windowHandle()->startSystemMove();
+    if (event->button() == Qt::LeftButton) {
+        desktop().windows->startMove(*this);
     }
 }
 

@@ -2,6 +2,7 @@
 #include "platform/generic/PlainWindows.h"
 
 #include <QWidget>
+#include <QWindow>
 
 void PlainWindows::place(QWidget &window, const QPoint &topLeft)
 {
@@ -21,4 +22,11 @@ void PlainWindows::showInactive(QWidget &window)
     window.setAttribute(Qt::WA_ShowWithoutActivating);
     window.show();
     window.setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
+void PlainWindows::startMove(QWidget &window)
+{
+    if (window.windowHandle() != nullptr) {
+        window.windowHandle()->startSystemMove();
+    }
 }
