@@ -9,6 +9,7 @@
 #include "look/Look.h"
 #include "look/OverhangItem.h"
 #include "look/Screens.h"
+#include "look/Translucency.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -188,6 +189,7 @@ void AlertWindow::mousePressEvent(QMouseEvent *event)
 void AlertWindow::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    Translucency::clear(painter, rect());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(frameShape(), palette().color(QPalette::Window));
     paintEdge(painter, m_look);

@@ -4,6 +4,7 @@
 #include "look/FloatingShadow.h"
 #include "look/Look.h"
 #include "look/Squircle.h"
+#include "look/Translucency.h"
 
 #include <QComboBox>
 #include <QPainter>
@@ -50,6 +51,7 @@ void MenuDrawing::drawPanel(QPainter &painter, const QStyleOption &option, const
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     if (widget != nullptr && widget->window()->testAttribute(Qt::WA_TranslucentBackground)) {
+        Translucency::clear(painter, option.rect);
         painter.fillPath(squirclePath(rect, menuRadius), face);
         FloatingShadow::paintRoundRim(painter, rect, menuRadius, rim);
     } else {

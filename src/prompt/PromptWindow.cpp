@@ -4,6 +4,7 @@
 #include "look/Accessible.h"
 #include "look/Look.h"
 #include "look/Screens.h"
+#include "look/Translucency.h"
 #include "prompt/TitleStrip.h"
 
 #include <QCloseEvent>
@@ -134,6 +135,7 @@ void PromptWindow::moveEvent(QMoveEvent *)
 void PromptWindow::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    Translucency::clear(painter, rect());
     PromptGlassBackground(m_look.scheme).paint(painter, frameShape(), behind());
     paintEdge(painter, m_look);
 }
