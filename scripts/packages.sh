@@ -3,7 +3,8 @@
 # To be sourced: the Debian packages that Tovla needs, and how to install the missing ones.
 
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-tools-dev qt6-tools-dev-tools
-    qt6-l10n-tools libxcb1-dev libxcb-xfixes0-dev libcanberra-dev python3"
+    qt6-l10n-tools libxcb1-dev libxcb-xfixes0-dev libcanberra-dev python3 libwayland-dev
+    maybe:liblayershellqtinterface-dev:liblayershellqtinterface6"
 # The program draws its symbols with Qt's SVG plugin, which newer releases package separately.
 run_packages="libqt6svg6 maybe:qt6-svg-plugins hicolor-icon-theme libcanberra0 libcanberra-pulse"
 # A desktop for machines without one: display, window manager, compositor, bus, panel, screenshots.
@@ -30,14 +31,15 @@ is_offered() {
     esac
 }
 
-# Prints the named packages that are not installed. "maybe:name" counts only if the package exists.
+# Prints the named packages that are not installed. "maybe:name" counts only if the package exists,
+# and "maybe:name:other" only if the other one does.
 missing_of() {
     local wanted package
     for wanted in "$@"; do
         package=${wanted#maybe:}
-        if [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" != installed ] \
-            && { [ "$wanted" = "$package" ] || is_offered "$package"; }; then
-            printf ' %s' "$package"
+        if [ "$(dpkg-query -W -f '${db:Status-Status}' "${package%:*}" 2>/dev/null)" != installed ] \
+            && { [ "$wanted" = "$package" ] || is_offered "${package#*:}"; }; then
+            printf ' %s' "${package%:*}"
         fi
     done
 }

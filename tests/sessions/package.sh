@@ -6,8 +6,9 @@
 install_build_packages() {
     (
         . scripts/packages.sh
-        # shellcheck disable=SC2154,SC2086 # lists of names, from the file above
-        install_in "$1" $build_packages $package_packages
+        # shellcheck disable=SC2154,SC2086,SC2016 # lists of names, from the file above
+        quietly in_root "$1" bash -c '. /dev/stdin && need "$@"' bash $build_packages $package_packages \
+            <scripts/packages.sh
     )
 }
 

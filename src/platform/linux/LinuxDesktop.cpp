@@ -6,6 +6,7 @@
 #include "platform/linux/kernel/BootTimeTimers.h"
 #include "platform/linux/kernel/LinuxProgram.h"
 #include "platform/linux/kernel/SystemClock.h"
+#include "platform/linux/layershell/LayerShell.h"
 #include "platform/linux/packagekit/PackageKit.h"
 #include "platform/linux/portal/PortalAppearance.h"
 #include "platform/linux/portal/PortalFolderChooser.h"
@@ -19,6 +20,7 @@
 
 void Desktop::prepare()
 {
+    LayerShell::adopt();
     LinuxProgram::prepare();
     BusRunningCopy::prepare();
     X11Scale::adopt();
@@ -34,7 +36,10 @@ Desktop Desktop::ofThisPlatform()
     desktop.files = std::make_unique<PosixFiles>();
     desktop.preferences = std::make_unique<PreferencesFile>(PreferencesFile::userPath());
     desktop.sounds = std::make_unique<CanberraSounds>();
-    desktop.windows = std::make_unique<X11Windows>();
+    desktop.windows = LayerShell::makeWindows();
+    if (!desktop.windows) {
+        desktop.windows = std::make_unique<X11Windows>();
+    }
     desktop.compositor = std::make_unique<X11Compositor>();
     desktop.appearance
         = std::make_unique<PortalAppearance>(std::make_unique<XSettingsAppearance>());
