@@ -5,6 +5,7 @@ from dataclasses import dataclass, field
 from gnome_screen import GnomeScreen
 from gnome_windows import GnomeWindows
 from kwin_windows import KWinWindows
+from own_windows import WithOwnWindows
 from sway_windows import SwayWindows
 from x11_screen import X11Screen
 from x11_windows import X11Windows
@@ -41,6 +42,7 @@ class Desktop:
     old_tray: bool = False  # an XEmbed tray instead of StatusNotifierItem
     gnome: bool = False
     make_windows: type = X11Windows
+    display: str = "X11"  # the display system that Tovla uses there
 
     def open(self):
         self.screen = GnomeScreen() if self.gnome else X11Screen()
@@ -73,6 +75,9 @@ DESKTOPS = {
     "mate-items": _mate(),
     "cinnamon": Desktop("cinnamon", "cinnamon", ["gnome-text-editor", TEXT]),
     "lxqt": Desktop("lxqt-panel", "lxqt-panel", ["featherpad", TEXT]),
-    "sway": Desktop("sway", "waybar", ["foot"], make_windows=SwayWindows),
-    "labwc": Desktop("labwc", "waybar", ["xterm"]),
+    "sway": Desktop("sway", "waybar", ["foot"], display="Wayland",
+                    make_windows=lambda: WithOwnWindows(SwayWindows())),
+    "labwc": Desktop("labwc", "waybar", ["xterm"],
+                     display="Wayland",
+                     make_windows=lambda: WithOwnWindows(X11Windows())),
 }

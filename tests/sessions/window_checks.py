@@ -60,6 +60,8 @@ class WindowChecks:
         asking.wait(30)
         self.card = comes(lambda: self.active(self.is_card), 10)
         self.report.picture("card", settled_picture(self.screen))
+        if program.platform() != self.desktop.display:
+            raise Failed(f"it uses {program.platform()} (card.png)")
         if self.card:
             return f"it has the keyboard ({program.platform()}; card.png)"
         shown = [window for window in self.windows() if self.is_card(window)]
