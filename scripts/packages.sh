@@ -3,8 +3,8 @@
 # To be sourced: the Debian packages that Tovla needs, and how to install the missing ones.
 
 build_packages="g++ cmake ninja-build pkg-config qt6-base-dev qt6-tools-dev qt6-tools-dev-tools
-    qt6-l10n-tools libxcb1-dev libxcb-xfixes0-dev libcanberra-dev python3 libwayland-dev
-    maybe:liblayershellqtinterface-dev:liblayershellqtinterface6"
+    qt6-l10n-tools libxcb1-dev libxcb-xfixes0-dev libcanberra-dev python3
+    maybe:liblayershellqtinterface-dev:liblayershellqtinterface6 maybe:libwayland-dev:liblayershellqtinterface6"
 # The program draws its symbols with Qt's SVG plugin, which newer releases package separately.
 run_packages="libqt6svg6 maybe:qt6-svg-plugins hicolor-icon-theme libcanberra0 libcanberra-pulse"
 # A desktop for machines without one: display, window manager, compositor, bus, panel, screenshots.
