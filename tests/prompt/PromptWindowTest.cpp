@@ -247,6 +247,16 @@ private slots:
         QCOMPARE(editor()->textCursor().position(), 0);
     }
 
+    void pressInTheMargin_movesTheCard()
+    {
+        open();
+        QTest::mousePress(window(), Qt::RightButton, {}, {5, 50});
+        QCOMPARE(m_desktop->moved.size(), 0);
+        QTest::mouseRelease(window(), Qt::RightButton, {}, {5, 50});
+        QTest::mousePress(window(), Qt::LeftButton, {}, {5, 50});
+        QCOMPARE(m_desktop->moved, QList<QPointer<QWidget>>{window()});
+    }
+
     void theme_isReadWhenTheWindowOpens()
     {
         m_desktop->colorScheme = ColorScheme::Light;

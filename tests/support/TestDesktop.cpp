@@ -116,6 +116,7 @@ public:
         window.show();
         window.activateWindow();
     }
+    void startMove(QWidget &window) override { m_desktop.moved.append(&window); }
     void setShadow(QWidget &, const QMargins &) override { }
     void setBlurBehind(QWidget &, const QRegion &) override { }
 

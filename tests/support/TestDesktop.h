@@ -50,6 +50,8 @@ public:
     /// For example "play Purr" and "stop Purr", in chronological order.
     QStringList soundLog;
     QList<QPointer<QWidget>> presented;
+    /// The windows that the user began to move.
+    QList<QPointer<QWidget>> moved;
 
     /// Set once the first AppState has been created.
     QPointer<TestPackageManager> packageManager;
