@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/bus/BusRunningCopy.h"
 
+#include "platform/linux/bus/ActivationToken.h"
 #include "platform/linux/bus/Bus.h"
 
 #include <QDBusConnection>
@@ -30,6 +31,14 @@ QString &startupId()
     static QString id;
     return id;
 }
+
+// The key of org.freedesktop.Application's platform data.
+const QString tokenKey = QStringLiteral("activation-token");
+
+void adoptToken(const QVariantMap &platformData)
+{
+    ActivationToken::adopt(platformData.value(tokenKey).toString());
+}
 } // namespace
 
 void BusRunningCopy::prepare()
@@ -38,7 +47,7 @@ void BusRunningCopy::prepare()
 }
 
 BusRunningCopy::BusRunningCopy()
-    : m_wasStartedByHand(wasStartedByBus() || qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN")
+    : m_wasStartedByHand(wasStartedByBus() || !ActivationToken::unused().isEmpty()
                          || !startupId().isEmpty())
     , m_ignoresNextActivation(wasStartedByBus())
 {
@@ -70,7 +79,8 @@ void BusRunningCopy::askOtherToComeForward()
 {
     auto activate = QDBusMessage::createMethodCall(
         name, path, QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
-    activate << QVariantMap{{QStringLiteral("desktop-startup-id"), startupId()}};
+    activate << QVariantMap{{QStringLiteral("desktop-startup-id"), startupId()},
+                            {tokenKey, ActivationToken::unused()}};
     Bus::ask(
         QDBusConnection::sessionBus(), activate, this,
         [this](const QDBusMessage &reply) {
@@ -83,22 +93,25 @@ void BusRunningCopy::askOtherToComeForward()
         static_cast<int>(patience.count()));
 }
 
-void BusRunningCopy::Activate(const QVariantMap &)
+void BusRunningCopy::Activate(const QVariantMap &platformData)
 {
+    adoptToken(platformData);
     if (!std::exchange(m_ignoresNextActivation, false)) {
         emit activated();
     }
 }
 
-void BusRunningCopy::Open(const QStringList &, const QVariantMap &)
+void BusRunningCopy::Open(const QStringList &, const QVariantMap &platformData)
 {
+    adoptToken(platformData);
     // The desktop entry declares no file types, so there is nothing to open.
     emit activated();
 }
 
 void BusRunningCopy::ActivateAction(const QString &action, const QVariantList &,
-                                    const QVariantMap &)
+                                    const QVariantMap &platformData)
 {
+    adoptToken(platformData);
     m_ignoresNextActivation = false;
     emit actionRequested(action);
 }

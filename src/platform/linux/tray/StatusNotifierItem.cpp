@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/tray/StatusNotifierItem.h"
 
+#include "platform/linux/bus/ActivationToken.h"
 #include "platform/linux/menu/BusMenu.h"
 
 #include <QCoreApplication>
@@ -113,6 +114,5 @@ void StatusNotifierItem::Scroll(int, const QString &) { }
 // NOLINTNEXTLINE(readability-convert-member-functions-to-static): exported to the bus
 void StatusNotifierItem::ProvideXdgActivationToken(const QString &token)
 {
-    // The toolkit reads it from there for the next window that it brings to the front.
-    qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+    ActivationToken::adopt(token);
 }
