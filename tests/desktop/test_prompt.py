@@ -1,12 +1,15 @@
 # SPDX-License-Identifier: MIT
 """A prompt, from the tray to the day file."""
 import re
+import signal
 import unittest
+from pathlib import Path
 
 import accessibility
 from case import (QUESTION, DesktopCase, active_window_title, click, geometry_of, press_keys,
-                  shadow_of, type_text, visible_titles)
+                  shadow_of, type_text, visible_titles, window_of)
 from desktop import output, wait_for
+from growth import colours_of_growth
 
 NO_SHADOW = (0, 0, 0, 0)
 
@@ -168,6 +171,18 @@ class PromptTest(DesktopCase):
         left, _, above, _ = shadow_of(title)
         wait_for(lambda: geometry_of(title)[:2] == (frame[0] - left, frame[1] - above),
                  "the frame to stay")
+
+    def test_the_card_shows_nothing_where_it_has_grown_and_is_not_painted_yet(self):
+        self.start()
+        self.open_prompt()
+        card = window_of(active_window_title())
+        process = self.tovla.process
+        process.send_signal(signal.SIGSTOP)
+        try:
+            wait_for(lambda: " T " in Path(f"/proc/{process.pid}/stat").read_text(), "the stop")
+            self.assertEqual(colours_of_growth(card, 50), {b"\0\0\0\0"})
+        finally:
+            process.send_signal(signal.SIGCONT)
 
     def test_growing_keeps_the_top_edge(self):
         self.start()

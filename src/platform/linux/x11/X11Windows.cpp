@@ -117,6 +117,14 @@ void setInputRect(const QWidget &window, const QRect &rect)
     xcb_xfixes_destroy_region(connection, region);
 }
 
+/// Without a background, the part that a window grows by has random colours until it is painted.
+void clearWhatGrows(const QWidget &window)
+{
+    constexpr uint32_t transparent = 0;
+    xcb_change_window_attributes(Xcb::connection(), identifier(window), XCB_CW_BACK_PIXEL,
+                                 &transparent);
+}
+
 /// While a window is being mapped, the toolkit may assume for a moment that it is at the corner of
 /// the screen, and moves it there if its size changes at that moment.
 class PlaceKeeper final : public QObject
@@ -183,6 +191,7 @@ void X11Windows::setShadow(QWidget &window, const QMargins &shadow)
     if (!Xcb::connection()) {
         return;
     }
+    clearWhatGrows(window);
     const qreal ratio = window.devicePixelRatioF();
     const auto extent
         = [ratio](int logical) { return static_cast<uint32_t>(std::lround(logical * ratio)); };
