@@ -4,7 +4,7 @@ import re
 import subprocess
 
 import program
-from pictures import settled_picture
+from pictures import changed_box, settled_picture
 from report import Failed, NotRun
 from waiting import comes, wait_for
 
@@ -25,6 +25,7 @@ class WindowChecks:
         check("the card's window", self.card_window)
         check("the note is saved", self.note_saved)
         check("the keyboard goes back", self.keyboard_back)
+        check("the card over a full-screen window", self.card_over_full_screen)
         check("the settings", self.settings)
         check("the settings again, from behind", self.settings_again)
         check("the settings again, minimised", self.settings_minimised)
@@ -93,6 +94,29 @@ class WindowChecks:
         if not back:
             raise Failed("no other program has it")
         return f"to “{back.title}”"
+
+    def card_over_full_screen(self):
+        film = subprocess.Popen(["xterm", "-fullscreen", "-title", "film", "-bg", "navy", "-e",
+                                 "cat"],
+                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        try:
+            if not comes(lambda: self.active(lambda window: window.title == "film"), 15):
+                raise NotRun("no full-screen window has the keyboard")
+            before = settled_picture(self.screen)
+            program.act("write-now")
+            has_keyboard = comes(lambda: self.active(self.is_card), 10)
+            after = settled_picture(self.screen)
+            self.report.picture("card-full-screen", after)
+            self.screen.press("Escape")
+        finally:
+            film.terminate()
+        wrong = ["it has no keyboard focus"] * (not has_keyboard)
+        width, height = before.size
+        middle = (width // 2 - 100, height // 4, width // 2 + 100, height // 2)
+        wrong += ["it cannot be seen"] * (not changed_box(before.crop(middle), after.crop(middle)))
+        if wrong:
+            raise Failed(f"{', '.join(wrong)} (card-full-screen.png)")
+        return "it is seen and has the keyboard (card-full-screen.png)"
 
     def settings(self):
         program.launch()
