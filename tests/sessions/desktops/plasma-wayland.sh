@@ -2,6 +2,8 @@
 # shellcheck shell=bash disable=SC2034,SC2154 # to be sourced by scripts/session
 packages="plasma-desktop plasma-workspace kwin-wayland xwayland kwrite breeze breeze-icon-theme
     xdg-desktop-portal-kde"
+# Part of plasma-workspace on later releases.
+[ "$release" != bookworm ] || packages+=" plasma-workspace-wayland"
 session_type=wayland
 desktop_names=KDE
 session_name=plasma
