@@ -257,6 +257,19 @@ private slots:
         QCOMPARE(m_desktop->moved, QList<QPointer<QWidget>>{window()});
     }
 
+    void painting_replacesWhatWasPaintedBefore()
+    {
+        m_desktop->isComposited = true;
+        open();
+        QImage painted(window()->size(), QImage::Format_ARGB32_Premultiplied);
+        painted.fill(Qt::red);
+        window()->render(&painted);
+        QCOMPARE(painted.pixelColor(0, 0).alpha(), 0);
+        const QColor once = painted.pixelColor(100, 60);
+        window()->render(&painted);
+        QCOMPARE(painted.pixelColor(100, 60), once);
+    }
+
     void theme_isReadWhenTheWindowOpens()
     {
         m_desktop->colorScheme = ColorScheme::Light;
