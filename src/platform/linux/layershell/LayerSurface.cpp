@@ -23,6 +23,17 @@ Window &layerShellWindow(QWidget &window)
     return *Window::get(window.windowHandle());
 }
 
+/// LayerShellQt 6.6 replaced the one way with the other.
+template <typename Surface>
+void letCompositorChooseScreen(Surface &surface)
+{
+    if constexpr (requires { surface.setWantsToBeOnActiveScreen(true); }) {
+        surface.setWantsToBeOnActiveScreen(true);
+    } else {
+        surface.setScreenConfiguration(Surface::ScreenFromCompositor);
+    }
+}
+
 LayerSurface *existing(const QWidget &window)
 {
     return window.findChild<LayerSurface *>({}, Qt::FindDirectChildrenOnly);
@@ -60,7 +71,7 @@ void LayerSurface::place(const QPoint &topLeft)
 {
     const QWidget *const parent = m_window.parentWidget();
     if (parent == nullptr || !parent->isVisible()) {
-        m_surface.setScreenConfiguration(Window::ScreenFromCompositor);
+        letCompositorChooseScreen(m_surface);
         setPlace({}, topLeft.y() - m_window.screen()->geometry().top());
     } else if (const LayerSurface *const over = existing(*parent)) {
         m_window.setScreen(parent->screen());
