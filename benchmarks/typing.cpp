@@ -112,6 +112,10 @@ QString paragraph(int bytes)
 {
     return lines(bytes).replace(u'\n', u' ');
 }
+QString word(int bytes)
+{
+    return QStringLiteral("giantword").repeated(bytes / 9);
+}
 } // namespace
 
 int main(int argc, char *argv[])
@@ -146,8 +150,16 @@ int main(int argc, char *argv[])
     compare("10 KB in one paragraph", paragraph(10 * kilo), ours, bare, manyKeys / 3);
     compare("100 KB in one paragraph", paragraph(100 * kilo), ours, bare, fewKeys);
 
+    compare("250 KB in one word", word(250 * kilo), ours, bare, 3);
+
     const QString megabyte = lines(1000 * kilo);
     std::printf("%-26s %-7s %9.1f %9.1f\n", "pasting 1 MB of lines", "",
                 costOfPasting(ours, megabyte), costOfPasting(bare, megabyte));
+    const QString longWord = word(250 * kilo);
+    std::printf("%-26s %-7s %9.1f %9.1f\n", "pasting 250 KB in one word", "",
+                costOfPasting(ours, longWord), costOfPasting(bare, longWord));
+    // The bare widget takes minutes.
+    std::printf("%-26s %-7s %9.1f\n", "pasting 1 MB in one word", "",
+                costOfPasting(ours, word(1000 * kilo)));
     return 0;
 }

@@ -4,6 +4,7 @@
 #include <QPlainTextEdit>
 #include <QTest>
 #include <QTextBlock>
+#include <QTextBoundaryFinder>
 
 using namespace Qt::StringLiterals;
 
@@ -54,7 +55,77 @@ private slots:
         }
     }
 
+    void giantWord_isBrokenAnywhere()
+    {
+        m_editor->setPlainText(u"start "_s + giantWord() + u"\n"_s + ordinaryWords());
+        QVERIFY(isBrokenAnywhere());
+        QVERIFY(wrapsAtWords(1));
+    }
+
+    void wordThatBecomesGiant_isBrokenAnywhere_andBack()
+    {
+        m_editor->setPlainText(ordinaryWords() + u"\nstart "_s);
+        m_editor->moveCursor(QTextCursor::End);
+        for (const QString &half : {giantWord().first(3000), giantWord().sliced(3000)}) {
+            QVERIFY(!isBrokenAnywhere(1));
+            m_editor->insertPlainText(half);
+        }
+        QVERIFY(isBrokenAnywhere(1));
+        QVERIFY(wrapsAtWords(0));
+        m_editor->insertPlainText(u"a"_s);
+        QVERIFY(isBrokenAnywhere(1));
+        m_editor->resize(400, 289);
+        QVERIFY(isBrokenAnywhere(1));
+        m_editor->textCursor().deletePreviousChar();
+        m_editor->undo();
+        m_editor->undo();
+        QVERIFY(!isBrokenAnywhere(1));
+    }
+
+    void longParagraph_withoutGiantWord_wrapsAtWords_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("words") << ordinaryWords().repeated(60);
+        // No spaces, but each of these characters may start a line, except the full stop.
+        QTest::newRow("Chinese") << u"今天天氣很好，我們去公園散步。"_s.repeated(600);
+    }
+
+    void longParagraph_withoutGiantWord_wrapsAtWords()
+    {
+        QFETCH(const QString, text);
+        m_editor->setPlainText(text);
+        QVERIFY(wrapsAtWords(0));
+    }
+
 private:
+    static QString giantWord() { return u"giantword"_s.repeated(700); }
+    static QString ordinaryWords()
+    {
+        return u"Long walk afterwards, the first in weeks. "_s.repeated(9);
+    }
+
+    /// Whether the paragraph "start …" has its first line filled up with the start of its word.
+    [[nodiscard]] bool isBrokenAnywhere(int paragraph = 0) const
+    {
+        const double free = width() - lineOf(paragraph, 0).width();
+        return free < 20;
+    }
+    [[nodiscard]] bool wrapsAtWords(int paragraph) const
+    {
+        (void)lineOf(paragraph, 0);
+        const QTextBlock block = m_editor->document()->findBlockByNumber(paragraph);
+        const QString text = block.text();
+        QTextBoundaryFinder places(QTextBoundaryFinder::Line, text);
+        const QTextLayout &layout = *block.layout();
+        for (int line = 1; line < layout.lineCount(); ++line) {
+            places.setPosition(layout.lineAt(line).textStart());
+            if (!places.isAtBoundary()) {
+                return false;
+            }
+        }
+        return layout.lineCount() > 3;
+    }
+
     [[nodiscard]] double width() const { return m_editor->viewport()->width(); }
     /// Where the letters of a line are, in the paragraph's coordinates.
     [[nodiscard]] QRectF lineOf(int paragraph, int line) const
