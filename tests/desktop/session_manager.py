@@ -62,6 +62,7 @@ class SessionManager:
         self.connection = None  # of the client that registered last
         self.saves = 0  # how often it said that it has finished saving
         self.interactions = 0  # how often it asked to interact with the user
+        self.has_cancelled = False  # whether it has cancelled the logout
         self.restart_style = None
         self._keep_callbacks()
         error = ctypes.create_string_buffer(ERROR_LENGTH)
@@ -120,6 +121,7 @@ class SessionManager:
         self.sm.SmsRegisterClientReply(c_void_p(connection), identifier)
         self.connection = c_void_p(connection)
         self.saves = self.interactions = 0
+        self.has_cancelled = False
         self.restart_style = None
         # The protocol makes each new client save once.
         self.sm.SmsSaveYourself(self.connection, SAVE_LOCAL, 0, INTERACT_NONE, 0)
@@ -128,6 +130,11 @@ class SessionManager:
     def _interact_request(self, connection, _data, _kind):
         self.interactions += 1
         self.sm.SmsInteract(c_void_p(connection))
+
+    def _interact_done(self, _connection, _data, cancels):
+        self.has_cancelled = bool(cancels)
+        if cancels:
+            self.cancel()
 
     def _save_yourself_done(self, _connection, _data, success):
         self.saves += success
@@ -147,9 +154,9 @@ class SessionManager:
         self.ice.IceSetShutdownNegotiation(line, 0)
         self.ice.IceCloseConnection(line)
 
-    def ask_to_save(self):
+    def ask_to_save(self, interact=INTERACT_ANY):
         """The first half of a logout: clients may still ask the user, who can cancel it."""
-        self.sm.SmsSaveYourself(self.connection, SAVE_BOTH, 1, INTERACT_ANY, 0)
+        self.sm.SmsSaveYourself(self.connection, SAVE_BOTH, 1, interact, 0)
 
     def ask_to_die(self):
         """The second half, once every client has saved."""

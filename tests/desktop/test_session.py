@@ -6,6 +6,7 @@ import subprocess
 import unittest
 
 import accessibility
+import portal_requests
 import session_manager
 from case import DesktopCase, active_window_title, press_keys, type_text
 from desktop import output, wait_for
@@ -25,8 +26,8 @@ class SessionTest(DesktopCase):
             del os.environ["SESSION_MANAGER"]
         wait_for(lambda: self.manager.saves == 1, "the program to be part of the session")
 
-    def log_out(self):
-        self.manager.ask_to_save()
+    def log_out(self, interact=session_manager.INTERACT_ANY):
+        self.manager.ask_to_save(interact)
         wait_for(lambda: self.manager.saves == 2, "the program to have saved")
         self.assertEqual(self.manager.interactions, 0)
         self.manager.ask_to_die()
@@ -55,18 +56,52 @@ class SessionTest(DesktopCase):
         self.assert_ended_silently()
         self.assertEqual(self.manager.restart_style, session_manager.RESTART_NEVER)
 
-    def test_logging_out_ends_it_with_a_note_in_the_prompt(self):
+    def test_logging_out_ends_it_with_a_blank_prompt(self):
+        self.start_in_session()
+        self.open_prompt()
+        type_text("  ")
+        self.log_out()
+        self.assert_ended_silently()
+
+    def test_note_in_the_prompt_cancels_a_logout(self):
+        self.start_in_session()
+        editor = self.open_prompt()
+        type_text("half a no")
+        self.manager.ask_to_save()
+        wait_for(lambda: self.manager.has_cancelled, "the logout to be cancelled")
+        type_text("te")
+        wait_for(lambda: accessibility.text_of(editor) == "half a note", "what was typed")
+        press_keys("ctrl+Return")
+        self.wait_for_day_file(lambda content: content.endswith(b"\nhalf a note\n"))
+        self.wait_until_no_prompt()
+        self.manager.ask_to_save()
+        wait_for(lambda: self.manager.saves == 2, "the program to have saved")
+        self.manager.ask_to_die()
+        self.assert_ended_silently()
+
+    def test_logout_that_must_not_be_cancelled_ends_it_with_a_note_in_the_prompt(self):
         self.start_in_session()
         self.open_prompt()
         type_text("half a no")
-        self.log_out()
+        self.log_out(session_manager.INTERACT_NONE)
         self.assert_ended_silently()
         self.assertEqual(self.day_files(), [])
 
-    def test_logging_out_ends_it_with_an_alert_above_the_prompt(self):
+    def test_manager_that_asks_the_user_itself_is_left_to_it(self):
+        """GNOME's session manager is told over the bus, and lists the program in its own question."""
+        manager = portal_requests.SessionManager()
+        self.addCleanup(manager.vanish)
+        self.start_in_session()
+        self.open_prompt()
+        type_text("half a no")
+        wait_for(lambda: manager.held, "the session to be held")
+        self.log_out()
+        self.assert_ended_silently()
+
+    def test_logout_that_must_not_be_cancelled_ends_it_with_an_alert_above_the_prompt(self):
         self.start_in_session()
         self.open_alert()
-        self.log_out()
+        self.log_out(session_manager.INTERACT_NONE)
         self.assert_ended_silently()
 
     def test_logging_out_ends_it_with_the_folder_chooser_open(self):
@@ -80,11 +115,10 @@ class SessionTest(DesktopCase):
     def test_logout_that_is_cancelled_leaves_the_prompt(self):
         self.start_in_session()
         editor = self.open_prompt()
-        type_text("still ")
         self.manager.ask_to_save()
         wait_for(lambda: self.manager.saves == 2, "the program to have saved")
         self.manager.cancel()
-        type_text("here")
+        type_text("still here")
         wait_for(lambda: accessibility.text_of(editor) == "still here", "what was typed")
         press_keys("ctrl+Return")
         self.wait_for_day_file(lambda content: content.endswith(b"\nstill here\n"))

@@ -2,6 +2,7 @@
 """Checks the installed program in the running session of the named desktop."""
 import sys
 
+from logout_check import LogoutCheck
 from ready import open_desktop
 from report import Report, version_of
 from tray_checks import TrayChecks
@@ -21,6 +22,7 @@ def main(name):
                            release(), f"Tovla {version_of('tovla')}"])
     TrayChecks(desktop, report).run()
     WindowChecks(desktop, report).run()
+    LogoutCheck(desktop, report).run()
     report.write()
     return 1 if report.failures() else 0
 

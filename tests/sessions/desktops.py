@@ -43,14 +43,26 @@ class Desktop:
     gnome: bool = False
     make_windows: type = X11Windows
     display: str = "X11"  # the display system that Tovla uses there
+    log_out: list | None = None  # without asking the user; None if there is no session manager
 
     def open(self):
         self.screen = GnomeScreen() if self.gnome else X11Screen()
         self.windows = GnomeWindows(self.screen) if self.gnome else self.make_windows()
 
 
+def _call(service, path, method, *arguments):
+    return ["gdbus", "call", "--session", "--dest", service, "--object-path", path, "--method",
+            method, *arguments]
+
+
+def _gnome(**options):
+    return Desktop("gnome-shell", "gnome-shell", ["gnome-text-editor", TEXT], gnome=True,
+                   log_out=["gnome-session-quit", "--logout", "--no-prompt"], **options)
+
+
 def _plasma(package):
     return Desktop(package, "plasmashell", ["kwrite", TEXT], make_windows=KWinWindows,
+                   log_out=_call("org.kde.Shutdown", "/Shutdown", "org.kde.Shutdown.logout"),
                    light=[["plasma-apply-colorscheme", "BreezeLight"]],
                    dark=[["plasma-apply-colorscheme", "BreezeDark"]])
 
@@ -59,22 +71,25 @@ def _mate(**options):
     return Desktop("mate-panel", "notification-area-applet", ["pluma", TEXT],
                    light=_gsettings("org.mate.interface", gtk_theme="Adwaita") + LIGHT,
                    dark=_gsettings("org.mate.interface", gtk_theme="Adwaita-dark") + DARK,
+                   log_out=["mate-session-save", "--logout"],
                    **options)
 
 
 DESKTOPS = {
     "xfce": Desktop("xfce4-panel", "xfce4-panel", ["mousepad", TEXT],
                     light=_xfce("Adwaita") + LIGHT,
+                    log_out=["xfce4-session-logout", "--logout"],
                     dark=_xfce("Adwaita-dark") + DARK),
     "plasma-wayland": _plasma("plasma-workspace"),
     "plasma-x11": _plasma("plasma-workspace"),
-    "gnome": Desktop("gnome-shell", "gnome-shell", ["gnome-text-editor", TEXT], gnome=True),
-    "gnome-plain": Desktop("gnome-shell", "gnome-shell", ["gnome-text-editor", TEXT], gnome=True,
-                           tray=False),
+    "gnome": _gnome(),
+    "gnome-plain": _gnome(tray=False),
     "mate": _mate(old_tray=True),
     "mate-items": _mate(),
-    "cinnamon": Desktop("cinnamon", "cinnamon", ["gnome-text-editor", TEXT]),
-    "lxqt": Desktop("lxqt-panel", "lxqt-panel", ["featherpad", TEXT]),
+    "cinnamon": Desktop("cinnamon", "cinnamon", ["gnome-text-editor", TEXT],
+                        log_out=["cinnamon-session-quit", "--logout", "--no-prompt"]),
+    "lxqt": Desktop("lxqt-panel", "lxqt-panel", ["featherpad", TEXT],
+                    log_out=_call("org.lxqt.session", "/LXQtSession", "org.lxqt.session.logout")),
     "sway": Desktop("sway", "waybar", ["foot"], display="Wayland",
                     make_windows=lambda: WithOwnWindows(SwayWindows())),
     "labwc": Desktop("labwc", "waybar", ["xterm"],

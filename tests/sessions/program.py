@@ -19,8 +19,9 @@ def pid():
 
 
 def start():
-    """Starts the program the way a desktop does at login."""
-    subprocess.run(["systemd-run", "--user", "--quiet", "tovla"], check=True)
+    """Starts the program the way a desktop does at login: portals recognise it by its unit."""
+    subprocess.run(["systemd-run", "--user", "--quiet", "--collect",
+                    f"--unit=app-{APPLICATION}@autostart.service", "tovla"], check=True)
     # Waits for its bus name: an action before that would start a second copy.
     wait_for(lambda: dbus.SessionBus().name_has_owner(APPLICATION), "the program on the bus")
 

@@ -18,6 +18,7 @@ class WindowChecks:
         self.screen = desktop.screen
         self.report = report
         self.card = None
+        self.editor = None
 
     def run(self):
         check = self.report.check
@@ -30,6 +31,7 @@ class WindowChecks:
         check("the settings again, from behind", self.settings_again)
         check("the settings again, minimised", self.settings_minimised)
         check("Quit", self.quit)
+        self.editor.kill()  # its unsaved text would hold up a logout
 
     def windows(self):
         return self.desktop.windows.windows()

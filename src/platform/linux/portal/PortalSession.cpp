@@ -4,6 +4,9 @@
 #include "platform/linux/bus/Bus.h"
 #include "platform/linux/portal/PortalRequest.h"
 
+#include <QGuiApplication>
+#include <QSessionManager>
+
 namespace
 {
 const QString managerService = QStringLiteral("org.gnome.SessionManager");
@@ -24,13 +27,22 @@ void endInhibition(uint cookie)
 }
 } // namespace
 
+PortalSession::PortalSession()
+{
+    connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &PortalSession::cancelLogoutIfHeld);
+}
+
 void PortalSession::hold(const QString &reason)
 {
-    if (m_isHeld || !QDBusConnection::sessionBus().isConnected()) {
+    if (m_isHeld) {
         return;
     }
     m_isHeld = true;
     ++m_hold;
+    if (!QDBusConnection::sessionBus().isConnected()) {
+        return;
+    }
+    findManager();
     const QString noWindow;
     m_request = new PortalRequest(QStringLiteral("org.freedesktop.portal.Inhibit"),
                                   QStringLiteral("Inhibit"), {noWindow, logout},
@@ -39,6 +51,18 @@ void PortalSession::hold(const QString &reason)
         m_request->deleteLater();
         m_request.clear();
         holdByManager(reason);
+    });
+}
+
+void PortalSession::findManager()
+{
+    auto call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
+    call << managerService;
+    Bus::ask(QDBusConnection::sessionBus(), call, this, [this](const QDBusMessage &reply) {
+        m_hasManager
+            = reply.type() == QDBusMessage::ReplyMessage && reply.arguments().value(0).toBool();
     });
 }
 
@@ -71,5 +95,12 @@ void PortalSession::release()
     if (m_cookie) {
         endInhibition(*m_cookie);
         m_cookie.reset();
+    }
+}
+
+void PortalSession::cancelLogoutIfHeld(QSessionManager &session) const
+{
+    if (m_isHeld && !m_hasManager && session.allowsInteraction()) {
+        session.cancel();
     }
 }

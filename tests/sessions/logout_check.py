@@ -1,0 +1,62 @@
+# SPDX-License-Identifier: MIT
+"""Logs out of the session while a note is being written, and again when it has gone."""
+import subprocess
+
+import dbus
+
+import program
+from pictures import settled_picture
+from report import Failed, NotRun
+from waiting import comes, wait_for
+from window_checks import WindowChecks
+
+# Longer than any of the desktops takes to end what can be ended without asking.
+GRACE_SECONDS = 15
+
+
+class LogoutCheck:
+    """Must come last: the session ends with it."""
+
+    def __init__(self, desktop, report):
+        self.desktop = desktop
+        self.screen = desktop.screen
+        self.report = report
+
+    def run(self):
+        # The session's bus ends with it, and would take the checks along.
+        dbus.SessionBus().set_exit_on_disconnect(False)
+        self.report.check("logging out with a note open", self.with_note)
+        self.report.check("logging out", self.without_note)
+
+    def log_out(self):
+        if not self.desktop.log_out:
+            raise NotRun("the desktop has no session manager")
+        subprocess.Popen(self.desktop.log_out, stdout=subprocess.DEVNULL,
+                         stderr=subprocess.DEVNULL)
+
+    def with_note(self):
+        program.start()
+        program.act("write-now")
+        wait_for(lambda: any(map(WindowChecks.is_card, self.desktop.windows.windows())), "the card")
+        settled_picture(self.screen)
+        self.screen.type("a note that is not finished")
+        settled_picture(self.screen)
+        self.log_out()
+        if comes(lambda: not program.pid(), GRACE_SECONDS):
+            raise Failed("the note is gone without a word")
+        self.report.picture("logout", settled_picture(self.screen))
+        return "the session goes on with the note in it (logout.png)"
+
+    def without_note(self):
+        if not program.pid():
+            raise NotRun("the session has ended already")
+        # First the desktop's question, if it asks one, and then the card.
+        self.screen.press("Escape")
+        settled_picture(self.screen)
+        self.screen.press("Escape")
+        settled_picture(self.screen)
+        self.log_out()
+        if not comes(lambda: not program.pid(), GRACE_SECONDS):
+            self.report.picture("logout-late", settled_picture(self.screen))
+            raise Failed("the session goes on without a note (logout-late.png)")
+        return "the session ends"
