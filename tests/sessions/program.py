@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Tovla as used in a session: started at login, controlled over the bus, its day files."""
 import subprocess
+import time
 from datetime import date
 from pathlib import Path
 
@@ -18,10 +19,23 @@ def pid():
     return found.split()[0] if found else None
 
 
+def _session_manager():
+    """The address that the session's X session manager hands to the programs that it starts."""
+    for environment in Path("/proc").glob("[0-9]*/environ"):
+        try:
+            variables = environment.read_bytes().split(b"\0")
+        except OSError:  # another user's, or it has ended
+            continue
+        found = next((v for v in variables if v.startswith(b"SESSION_MANAGER=")), None)
+        if found:
+            return [f"--setenv={found.decode()}"]
+    return []
+
+
 def start():
     """Starts the program the way a desktop does at login: portals recognise it by its unit."""
-    subprocess.run(["systemd-run", "--user", "--quiet", "--collect",
-                    f"--unit=app-{APPLICATION}@autostart.service", "tovla"], check=True)
+    subprocess.run(["systemd-run", "--user", "--quiet", "--collect", *_session_manager(),
+                    f"--unit=app-{APPLICATION}@{time.monotonic_ns()}.service", "tovla"], check=True)
     # Waits for its bus name: an action before that would start a second copy.
     wait_for(lambda: dbus.SessionBus().name_has_owner(APPLICATION), "the program on the bus")
 
