@@ -95,6 +95,7 @@ class SessionTest(DesktopCase):
         self.open_prompt()
         type_text("half a no")
         wait_for(lambda: manager.held, "the session to be held")
+        self.item.labels()  # once it has answered this, it has read the manager's answer
         self.log_out()
         self.assert_ended_silently()
 

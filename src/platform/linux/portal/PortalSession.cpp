@@ -42,47 +42,34 @@ void PortalSession::hold(const QString &reason)
     if (!QDBusConnection::sessionBus().isConnected()) {
         return;
     }
-    findManager();
-    const QString noWindow;
-    m_request = new PortalRequest(QStringLiteral("org.freedesktop.portal.Inhibit"),
-                                  QStringLiteral("Inhibit"), {noWindow, logout},
-                                  {{QStringLiteral("reason"), reason}}, this);
-    connect(m_request, &PortalRequest::failed, this, [this, reason] {
-        m_request->deleteLater();
-        m_request.clear();
-        holdByManager(reason);
-    });
-}
-
-void PortalSession::findManager()
-{
-    auto call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
-    call << managerService;
-    Bus::ask(QDBusConnection::sessionBus(), call, this, [this](const QDBusMessage &reply) {
-        m_hasManager
-            = reply.type() == QDBusMessage::ReplyMessage && reply.arguments().value(0).toBool();
-    });
-}
-
-void PortalSession::holdByManager(const QString &reason)
-{
     constexpr uint noWindow = 0;
     auto call = callOfManager(QStringLiteral("Inhibit"));
     call << QStringLiteral("org.tovla.Tovla") << noWindow << reason << logout;
     Bus::ask(QDBusConnection::sessionBus(), call, this,
-             [this, hold = m_hold](const QDBusMessage &reply) {
-                 if (reply.type() != QDBusMessage::ReplyMessage) {
-                     return;
-                 }
+             [this, reason, hold = m_hold](const QDBusMessage &reply) {
+                 const bool isHeld = reply.type() == QDBusMessage::ReplyMessage;
+                 const bool isWanted = m_isHeld && hold == m_hold;
                  const uint cookie = reply.arguments().value(0).toUInt();
-                 if (m_isHeld && hold == m_hold) {
+                 if (isHeld && isWanted) {
                      m_cookie = cookie;
-                 } else {
+                 } else if (isHeld) {
                      endInhibition(cookie);
+                 } else if (isWanted) {
+                     holdByPortal(reason);
                  }
              });
+}
+
+void PortalSession::holdByPortal(const QString &reason)
+{
+    const QString noWindow;
+    m_request = new PortalRequest(QStringLiteral("org.freedesktop.portal.Inhibit"),
+                                  QStringLiteral("Inhibit"), {noWindow, logout},
+                                  {{QStringLiteral("reason"), reason}}, this);
+    connect(m_request, &PortalRequest::failed, this, [this] {
+        m_request->deleteLater();
+        m_request.clear();
+    });
 }
 
 void PortalSession::release()
@@ -100,7 +87,7 @@ void PortalSession::release()
 
 void PortalSession::cancelLogoutIfHeld(QSessionManager &session) const
 {
-    if (m_isHeld && !m_hasManager && session.allowsInteraction()) {
+    if (m_isHeld && !m_cookie && session.allowsInteraction()) {
         session.cancel();
     }
 }
