@@ -43,7 +43,8 @@ class Desktop:
     gnome: bool = False
     make_windows: type = X11Windows
     display: str = "X11"  # the display system that Tovla uses there
-    log_out: list | None = None  # without asking the user; None if there is no session manager
+    log_out: list | None = None  # None if there is no session manager
+    asks_before_log_out: bool = False
 
     def open(self):
         self.screen = GnomeScreen() if self.gnome else X11Screen()
@@ -87,7 +88,7 @@ DESKTOPS = {
     "mate": _mate(old_tray=True),
     "mate-items": _mate(),
     "cinnamon": Desktop("cinnamon", "cinnamon", ["gnome-text-editor", TEXT],
-                        log_out=["cinnamon-session-quit", "--logout", "--no-prompt"]),
+                        log_out=["cinnamon-session-quit", "--logout"], asks_before_log_out=True),
     "lxqt": Desktop("lxqt-panel", "lxqt-panel", ["featherpad", TEXT],
                     log_out=_call("org.lxqt.session", "/LXQtSession", "org.lxqt.session.logout")),
     "sway": Desktop("sway", "waybar", ["foot"], display="Wayland",
