@@ -4,13 +4,19 @@ import subprocess
 import time
 
 import program
-from pictures import settled_picture
+from pictures import changed_box, settled_picture
 from report import Failed, NotRun
 from waiting import wait_for
 from window_checks import WindowChecks
 
 # Longer than any of the desktops takes to end what can be ended without asking.
 GRACE_SECONDS = 15
+
+
+def is_dimmed(before, now):
+    """Whether nearly the whole screen has changed, rather than a caret or a clock."""
+    left, top, right, bottom = changed_box(before, now, threshold=8) or (0, 0, 0, 0)
+    return (right - left) * (bottom - top) > before.width * before.height / 2
 
 
 class LogoutCheck:
@@ -28,9 +34,11 @@ class LogoutCheck:
     def log_out(self):
         if not self.desktop.log_out:
             raise NotRun("the desktop has no session manager")
+        before = self.screen.picture()
         subprocess.Popen(self.desktop.log_out, stdout=subprocess.DEVNULL,
                          stderr=subprocess.DEVNULL)
         if self.desktop.asks_before_log_out:
+            wait_for(lambda: is_dimmed(before, self.screen.picture()), "the desktop's question")
             settled_picture(self.screen)
             self.screen.press("Return")
 
