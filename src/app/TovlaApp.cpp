@@ -45,7 +45,8 @@ void TovlaApp::launch()
 {
     m_menu = std::make_unique<MenuContent>(AppState::shared());
     Tray &tray = *AppState::shared().desktop().tray;
-    // Without an icon, a user who starts the program would think that it does not work.
+    // Without an icon, a user who starts the program would think that it does not work, unless an
+    // action opens something.
     if (AppState::shared().desktop().runningCopy->wasStartedByHand()) {
         connect(&tray, &Tray::foundMissing, this, [this] { request(settingsAction); });
     }
@@ -72,6 +73,7 @@ void TovlaApp::request(const QString &action)
 
 void TovlaApp::perform(const QString &action)
 {
+    disconnect(AppState::shared().desktop().tray.get(), &Tray::foundMissing, this, nullptr);
     if (action == u"write-now") {
         AppState::shared().showPrompt();
     } else if (action == settingsAction) {

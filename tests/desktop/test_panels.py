@@ -5,6 +5,8 @@ import re
 import signal
 import unittest
 
+import dbus
+
 from case import (DesktopCase, active_window_title, click, is_time, press_keys, type_text,
                   visible_titles)
 from desktop import output, wait_for
@@ -35,6 +37,13 @@ def docked_icon():
 def kill(process):
     os.killpg(process.pid, signal.SIGKILL)
     process.wait()
+
+
+def act(action):
+    """Like a launcher: without asking for the interface first, which would start the program."""
+    dbus.SessionBus().call_blocking("org.tovla.Tovla", "/org/tovla/Tovla",
+                                    "org.freedesktop.Application", "ActivateAction", "sava{sv}",
+                                    (action, [], {}))
 
 
 class PanelsTest(DesktopCase):
@@ -133,6 +142,24 @@ class PanelsTest(DesktopCase):
                 wait_for(lambda: "Tovla Settings" in visible_titles(), "the settings")
                 self.desktop.stop_tovlas()
                 wait_for(lambda: not visible_titles(), "the settings to go")
+
+    def test_action_that_starts_it_without_any_panel_opens_no_settings(self):
+        self.desktop.write_preferences(folderPath=self.desktop.journal(), intervalMinutes=2)
+        self.let_the_bus_start_it("/usr/bin/env", f"LD_PRELOAD={FAKETIME}", "FAKETIME='+0 x60'")
+        act("write-now")
+        self.wait_for_prompt()
+        self.save("asked for")
+        self.wait_for_prompt()  # by itself, minutes after the search for a panel has ended
+        titles = visible_titles()
+        act("quit")
+        self.assertNotIn("Tovla Settings", titles)
+
+    def let_the_bus_start_it(self, *prefix):
+        service = self.desktop.home / "runtime/dbus-1/services/org.tovla.Tovla.service"
+        self.addCleanup(service.unlink)
+        service.write_text("[D-BUS Service]\nName=org.tovla.Tovla\n"
+                           f"Exec={' '.join(prefix)} {os.environ['TOVLA']}\n")
+        dbus.SessionBus().get_object("org.freedesktop.DBus", "/").ReloadConfig()
 
     def test_start_at_login_without_any_panel_opens_nothing(self):
         self.desktop.write_preferences(folderPath=self.desktop.journal())
