@@ -97,6 +97,15 @@ private slots:
         QCOMPARE(desktop.timersMade, timers);
     }
 
+    void intervalOutOfRange_isStoredAsGiven()
+    {
+        TestDesktop desktop;
+        AppStateForTests state(desktop);
+        state->setIntervalMinutes(5000);
+        QCOMPARE(state->intervalMinutes(), 5000);
+        QCOMPARE(desktop.stored.value(u"intervalMinutes"_s), u"5000"_s);
+    }
+
     void equalInterval_isWrittenAndRestartsTheTimer()
     {
         TestDesktop desktop;

@@ -148,6 +148,16 @@ private slots:
         QCOMPARE(written, "# 2026-11-15\n\n## 08:00\nx\n");
     }
 
+    void tilde_isAPlainCharacter()
+    {
+        const QString before = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(m_place->path()));
+        (*m_state)->setFolderPath(u"~/notes"_s);
+        save(u"x"_s);
+        QVERIFY(QDir::setCurrent(before));
+        QVERIFY(QFile::exists(m_place->filePath(u"~/notes/2026-11-15.md"_s)));
+    }
+
     void folderIsAFile_isAnAlert()
     {
         QFile file(folder());

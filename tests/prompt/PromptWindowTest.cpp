@@ -84,6 +84,13 @@ private slots:
         QTRY_COMPARE(window()->height(), before + 2 * line);
     }
 
+    void window_isNeitherResizableNorMinimisable()
+    {
+        open();
+        QCOMPARE(window()->minimumSize(), window()->maximumSize());
+        QVERIFY(!window()->windowFlags().testFlag(Qt::WindowMinimizeButtonHint));
+    }
+
     void secondShow_doesNothing()
     {
         open();

@@ -144,6 +144,15 @@ private slots:
         QTRY_VERIFY(!label(u"next at"_s)->isVisible());
     }
 
+    void nextPrompt_movesOnWithThePrompts()
+    {
+        (*m_state)->setFolderPath(u"/tmp/Journal"_s);
+        QTRY_VERIFY(label(u"11:05"_s));
+        m_desktop->now = m_desktop->now.addSecs(3600);
+        m_desktop->fireTimer();
+        QTRY_VERIFY(label(u"12:05"_s));
+    }
+
     void nextPrompt_isShownInTheZoneOfNow()
     {
         const TimeZone berlin("Europe/Berlin");

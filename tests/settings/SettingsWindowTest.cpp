@@ -2,6 +2,7 @@
 #include "settings/SettingsView.h"
 #include "support/SettingsFixture.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QComboBox>
 #include <QHelpEvent>
@@ -236,6 +237,37 @@ private slots:
         QCOMPARE(accessible->text(QAccessible::Name), u"Sound"_s);
         QCOMPARE(accessible->text(QAccessible::Value), u"Purr"_s);
         QCOMPARE(accessible->text(QAccessible::Description), u"Purr"_s);
+    }
+
+    void popUpsList_isChosenFromWithTheMouse()
+    {
+        auto *const popUp = window()->findChild<QComboBox *>();
+        // For this long after the opening, the toolkit ignores the release of a button.
+        QApplication::setDoubleClickInterval(0);
+        popUp->showPopup();
+        QAbstractItemView *const list = popUp->view();
+        QTRY_VERIFY(list->isVisible());
+        const QModelIndex glass = list->model()->index(popUp->findText(u"Glass"_s), 0);
+        const QPoint place = list->visualRect(glass).center();
+        QTest::mouseMove(list->viewport(), place);
+        QCoreApplication::processEvents();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+        QTRY_COMPARE((*m_state)->soundName(), u"Glass"_s);
+        QVERIFY(m_desktop->soundLog.isEmpty());
+    }
+
+    void changesWhileHidden_areShownAfterwards()
+    {
+        window()->close();
+        (*m_state)->setFolderPath(u"/home/ann/Elsewhere"_s);
+        (*m_state)->setIntervalMinutes(25);
+        (*m_state)->setTheme(ThemePreference::dark);
+        (*m_state)->showSettings();
+        QTRY_VERIFY(label(u"Elsewhere"_s));
+        QVERIFY(label(u"Elsewhere"_s)->isVisible());
+        QCOMPARE(path()->text(), u"/home/ann/Elsewhere"_s);
+        QCOMPARE(number()->text(), u"25"_s);
+        QCOMPARE(backgroundColor(), QColor(0x323232));
     }
 
     void theme_appliesAtOnce()
