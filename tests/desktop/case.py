@@ -96,6 +96,15 @@ class DesktopCase(unittest.TestCase):
     def prompt_titles(self):
         return [title for title in visible_titles() if is_time(title)]
 
+    def wait_for_prompt(self):
+        """Waits for a prompt that has the keyboard; keys that come earlier go to another window.
+        Returns its title."""
+        def title():
+            focused = output("xdotool", "getwindowfocus", "getwindowname")
+            return focused if is_time(focused) else None
+
+        return wait_for(title, "the prompt to have the keyboard")
+
     def wait_until_no_prompt(self):
         wait_for(lambda: not self.prompt_titles(), "the prompt to close")
 

@@ -7,7 +7,7 @@ import unittest
 
 import dbus
 
-from case import (DesktopCase, active_window_title, click, is_time, press_keys, type_text,
+from case import (DesktopCase, active_window_title, click, press_keys, type_text,
                   visible_titles)
 from desktop import output, wait_for
 from test_time import FAKETIME
@@ -68,9 +68,6 @@ class PanelsTest(DesktopCase):
         click(*place, button)
         wait_for(lambda: len(visible_titles()) > before, "the menu")
         press_keys(key)
-
-    def wait_for_prompt(self):
-        wait_for(lambda: is_time(active_window_title()), "the prompt to be active")
 
     def save(self, note):
         type_text(note)

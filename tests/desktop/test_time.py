@@ -31,8 +31,7 @@ class TimeTest(DesktopCase):
         self.start_sped_up("2026-11-15 09:00", intervalMinutes=5)
         titles = set()
         while len(titles) < 2:
-            (title,) = wait_for(self.prompt_titles, "a prompt that comes by itself")
-            titles.add(title)
+            titles.add(self.wait_for_prompt())
             press_keys("Escape")
             self.wait_until_no_prompt()
         first, second = (60 * int(title[:2]) + int(title[3:]) for title in sorted(titles))
@@ -47,7 +46,7 @@ class TimeTest(DesktopCase):
     def test_note_opened_before_midnight_goes_to_that_day(self):
         started = time.monotonic()
         self.start_sped_up("2026-11-15 23:50", intervalMinutes=5)
-        (title,) = wait_for(self.prompt_titles, "the prompt")
+        title = self.wait_for_prompt()
         self.assertTrue(title.startswith("23:5"), title)
         type_text("late")
         # There were ten minutes left until midnight.

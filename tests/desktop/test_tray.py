@@ -103,7 +103,7 @@ class TrayTest(DesktopCase):
         wait_for(lambda: active_window_title() == "Tovla Settings", "the settings to be active")
         self.open_menu()
         press_keys("ctrl+j")
-        wait_for(self.prompt_titles, "the prompt")
+        self.wait_for_prompt()
         type_text("from the menu")
         press_keys("ctrl+Return")
         self.wait_for_day_file(lambda content: content.endswith(b"\nfrom the menu\n"))
