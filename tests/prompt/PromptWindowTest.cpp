@@ -1,42 +1,52 @@
 // SPDX-License-Identifier: MIT
-#include "support/AppStateForTests.h"
+#include "app/Catalogue.h"
+#include "support/PromptFixture.h"
 #include "support/TimeZone.h"
 
-#include <QAbstractButton>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QInputMethod>
-#include <QPlainTextEdit>
+#include <QLabel>
 #include <QScreen>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTimeZone>
 
-using namespace Qt::StringLiterals;
-
-class PromptWindowTest final : public QObject
+class PromptWindowTest final : public PromptFixture
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        m_place = std::make_unique<QTemporaryDir>();
-        m_desktop = std::make_unique<TestDesktop>();
-        m_desktop->isComposited = false; // no shadow, so the window is exactly its frame
-        m_state = std::make_unique<AppStateForTests>(*m_desktop);
-        (*m_state)->setFolderPath(m_place->filePath(u"Journal"_s));
-    }
-
-    void cleanup() { m_state.reset(); }
-
     void title_isTheOpenTime_onA24HourClock()
     {
         const TimeZone zone("Europe/Berlin");
         m_desktop->now = QDateTime(QDate(2026, 11, 15), QTime(13, 30), QTimeZone::utc());
         open();
         QCOMPARE(window()->windowTitle(), u"14:30"_s);
+    }
+
+    void title_hasAsciiDigits_whereverTheUserLives()
+    {
+        const QLocale before;
+        QLocale::setDefault(QLocale(QLocale::Arabic, QLocale::Egypt));
+        const TimeZone zone("Europe/Berlin");
+        open();
+        QLocale::setDefault(before);
+        QCOMPARE(window()->windowTitle(), u"10:05"_s);
+    }
+
+    void hint_namesTheKeysOfThisKeyboard()
+    {
+        installCatalogue();
+        open();
+        QStringList shown;
+        for (const QLabel *const label : window()->findChildren<QLabel *>()) {
+            shown.append(label->text());
+        }
+        QCOMPARE(shown, (QStringList{window()->windowTitle(), u"Ctrl+↵ to save · esc to cancel"_s}));
+    }
+
+    void sound_comesBeforeTheCard()
+    {
+        open();
+        QCOMPARE(m_desktop->soundLogWhenPresented, QStringList{u"play Purr"_s});
     }
 
     void opensSettled_inTheUpperThirdOfTheScreen()
@@ -47,41 +57,6 @@ private slots:
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
         QCOMPARE(window()->x(), screen.x() + (screen.width() - 560) / 2);
         QCOMPARE(window()->y(), screen.y() + (screen.height() - 28 - 76) / 3);
-    }
-
-    void growsDownward_toTheCap()
-    {
-        open();
-        const QPoint place = window()->pos();
-        int before = window()->height();
-        QTest::keyClick(editor(), Qt::Key_Return);
-        const int line = editor()->cursorRect().height();
-        QTRY_COMPARE(window()->height(), before + line);
-        before = window()->height();
-        paste(u"x\n"_s.repeated(100));
-        QTRY_COMPARE(window()->height(), 28 + 344);
-        QCOMPARE(window()->pos(), place);
-        QCOMPARE(window()->width(), 560);
-        QTest::keyClick(editor(), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(editor(), Qt::Key_Delete);
-        QTRY_COMPARE(window()->height(), before - line);
-        QCOMPARE(window()->pos(), place);
-    }
-
-    void animatedGrowth_endsAtTheLastHeightAskedFor()
-    {
-        m_desktop->wantsReducedMotion = false;
-        open();
-        QVERIFY(QTest::qWaitForWindowExposed(window()));
-        const int before = window()->height();
-        const int line = editor()->cursorRect().height();
-        QTest::keyClick(editor(), Qt::Key_Return);
-        QCoreApplication::processEvents();
-        QTest::keyClick(editor(), Qt::Key_Return);
-        QTest::keyClick(editor(), Qt::Key_Return);
-        QTRY_COMPARE(window()->height(), before + 3 * line);
-        QTest::keyClick(editor(), Qt::Key_Backspace);
-        QTRY_COMPARE(window()->height(), before + 2 * line);
     }
 
     void window_isNeitherResizableNorMinimisable()
@@ -254,6 +229,47 @@ private slots:
         QCOMPARE(editor()->textCursor().position(), 0);
     }
 
+    void clickOnTheQuestion_reachesTheEditor()
+    {
+        open();
+        closeButton()->setFocus();
+        QWidget *const box = editor()->parentWidget();
+        const QPoint question(60, box->height() / 2);
+        QTest::mouseClick(window()->childAt(box->mapTo(window(), question)), Qt::LeftButton);
+        QVERIFY(editor()->hasFocus());
+    }
+
+    void question_isSeenWhileNothingIsWritten()
+    {
+        open();
+        constexpr int pastTheCaret = 20;
+        const auto line = [this] {
+            return editor()->grab(editor()->rect().adjusted(pastTheCaret, 0, 0, 0)).toImage();
+        };
+        const QImage empty = line();
+        QTest::keyClicks(editor(), u" "_s);
+        QVERIFY(line() != empty);
+        QTest::keyClick(editor(), Qt::Key_Backspace);
+        QCOMPARE(line(), empty);
+    }
+
+    void blur_isAskedForInsideTheRoundCorners()
+    {
+        open();
+        QVERIFY(m_desktop->blurred.isEmpty());
+        m_desktop->blursBehind = true;
+        m_desktop->setComposited(true);
+        const QRegion blurred = m_desktop->blurred;
+        const QRect card = blurred.boundingRect();
+        QCOMPARE(card.width(), 560);
+        QCOMPARE(card.center().x(), window()->rect().center().x());
+        QVERIFY(blurred.contains(card.center()));
+        for (const QPoint corner :
+             {card.topLeft(), card.topRight(), card.bottomLeft(), card.bottomRight()}) {
+            QVERIFY(!blurred.contains(corner));
+        }
+    }
+
     void pressInTheMargin_movesTheCard()
     {
         open();
@@ -310,40 +326,6 @@ private slots:
         QCOMPARE(window()->pos(), frame);
         QCOMPARE(window()->width(), 560);
     }
-
-private:
-    void open()
-    {
-        (*m_state)->showPrompt();
-        QVERIFY(QTest::qWaitForWindowActive(window()));
-        QCoreApplication::processEvents(); // the editor has measured its font
-    }
-    [[nodiscard]] QWidget *window() const { return m_state->promptWindow(); }
-    [[nodiscard]] QPlainTextEdit *editor() const { return window()->findChild<QPlainTextEdit *>(); }
-    [[nodiscard]] QAbstractButton *closeButton() const
-    {
-        return window()->findChild<QAbstractButton *>();
-    }
-    [[nodiscard]] QColor boxColor() const
-    {
-        const QWidget *box = editor()->parentWidget();
-        const QPoint middleLeft = box->mapTo(window(), QPoint(4, box->height() / 2));
-        return window()->grab().toImage().pixelColor(middleLeft).rgb();
-    }
-    void paste(const QString &text)
-    {
-        QGuiApplication::clipboard()->setText(text);
-        editor()->paste();
-    }
-    [[nodiscard]] QByteArray day() const
-    {
-        QFile file((*m_state)->folderPath() + u"/2026-11-15.md"_s);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
-    }
-
-    std::unique_ptr<QTemporaryDir> m_place;
-    std::unique_ptr<TestDesktop> m_desktop;
-    std::unique_ptr<AppStateForTests> m_state;
 };
 
 QTEST_MAIN(PromptWindowTest)

@@ -112,13 +112,14 @@ public:
     void present(QWidget &window) override
     {
         m_desktop.presented.append(&window);
+        m_desktop.soundLogWhenPresented = m_desktop.soundLog;
         window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
         window.show();
         window.activateWindow();
     }
     void startMove(QWidget &window) override { m_desktop.moved.append(&window); }
     void setShadow(QWidget &, const QMargins &) override { }
-    void setBlurBehind(QWidget &, const QRegion &) override { }
+    void setBlurBehind(QWidget &, const QRegion &region) override { m_desktop.blurred = region; }
 
 private:
     TestDesktop &m_desktop;
@@ -146,7 +147,7 @@ public:
     {
     }
     [[nodiscard]] bool isRunning() const override { return m_desktop.isComposited; }
-    [[nodiscard]] bool blursBehind() const override { return false; }
+    [[nodiscard]] bool blursBehind() const override { return m_desktop.blursBehind; }
 
 private:
     const TestDesktop &m_desktop;

@@ -7,6 +7,7 @@
 #include <QColor>
 #include <QHash>
 #include <QPointer>
+#include <QRegion>
 #include <QStringList>
 #include <QTimeZone>
 #include <QWidget>
@@ -50,6 +51,8 @@ public:
     /// For example "play Purr" and "stop Purr", in chronological order.
     QStringList soundLog;
     QList<QPointer<QWidget>> presented;
+    /// What the sounds' log contained when a window was last presented.
+    QStringList soundLogWhenPresented;
     /// The windows that the user began to move.
     QList<QPointer<QWidget>> moved;
 
@@ -63,6 +66,9 @@ public:
     int restarts = 0;
 
     bool isComposited = true;
+    bool blursBehind = false;
+    /// What is to be blurred behind the last window that asked for it, in its coordinates.
+    QRegion blurred;
     void setComposited(bool composited);
     ColorScheme colorScheme = ColorScheme::Light;
     void setColorScheme(ColorScheme scheme);
