@@ -143,6 +143,33 @@ private slots:
         QCOMPARE(state->intervalMinutes(), 30);
     }
 
+    void willChange_isForEverySetting()
+    {
+        TestDesktop desktop;
+        AppStateForTests state(desktop);
+        const QSignalSpy announced(&*state, &AppState::willChange);
+        state->setTheme(ThemePreference::dark);
+        QCOMPARE(announced.size(), 1);
+        state->setSoundName(u"Glass"_s);
+        QCOMPARE(announced.size(), 2);
+        // The next two also move the next prompt.
+        state->setIntervalMinutes(30);
+        QCOMPARE(announced.size(), 4);
+        state->setFolderPath(u"/tmp/Journal"_s);
+        QCOMPARE(announced.size(), 6);
+    }
+
+    void timers_neverRunBesideEachOther()
+    {
+        TestDesktop desktop;
+        AppStateForTests state(desktop);
+        state->setFolderPath(u"/tmp/Journal"_s);
+        state->setIntervalMinutes(30);
+        state->restartTimer();
+        QCOMPARE(desktop.timersMade, 3);
+        QCOMPARE(desktop.mostTimersAtOnce, 1);
+    }
+
     void observer_refreshesOncePerTurn_withTheLastValue()
     {
         TestDesktop desktop;

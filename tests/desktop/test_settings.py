@@ -40,6 +40,10 @@ class SettingsTest(DesktopCase):
         accessibility.press("Decrease")
         self.wait_for_preference("intervalMinutes=1435")
 
+    def test_other_windows_may_cover_the_settings(self):
+        self.open_settings()
+        self.assertNotIn("_ABOVE", output("xprop", "-name", SETTINGS, "_NET_WM_STATE"))
+
     def test_minimised_settings_are_not_lost(self):
         self.open_settings()
         window = window_of(SETTINGS)

@@ -10,7 +10,11 @@ import dbus
 from case import (DesktopCase, active_window_title, geometry, press_keys, type_text,
                   visible_titles)
 from desktop import search_windows, wait_for
+from portal import Portal, scheme
 from tray_host import TrayHost
+
+BLACK = (0, 0, 0)
+WHITE = (255, 255, 255)
 
 
 class TrayTest(DesktopCase):
@@ -56,6 +60,20 @@ class TrayTest(DesktopCase):
             self.assertAlmostEqual(len(rows) / height, 0.9, delta=1.5 / height)
             sides.append(int(width))
         self.assertEqual(sides, [16, 18, 22, 24, 32, 48, 64])
+
+    def test_icon_stands_out_from_the_panel(self):
+        self.portal = Portal(**{"color-scheme": scheme(2)})
+        self.addCleanup(self.portal.vanish)
+        self.start()
+        wait_for(lambda: self.icon_color() == BLACK, "a black icon on a light panel")
+        self.portal.change("color-scheme", scheme(1))
+        wait_for(lambda: self.icon_color() == WHITE, "a white icon on a dark panel")
+
+    def icon_color(self):
+        """The colour of the icon's most opaque pixel."""
+        _, _, pixels = self.item.property("IconPixmap")[-1]
+        _, *color = max(zip(*[iter(map(int, pixels))] * 4))
+        return tuple(color)
 
     def test_icon_has_a_name_only_where_a_host_finds_the_file_and_recolours_it(self):
         self.start()

@@ -27,6 +27,7 @@ private slots:
         QFETCH(const int, error);
         const int calls = callsOfASave(isThere);
         QVERIFY(calls > 4);
+        const auto descriptors = openDescriptors();
         for (int failing = 0; failing < calls; ++failing) {
             prepare(isThere);
             const qsizetype alerts = m_desktop->alerts.size();
@@ -42,6 +43,7 @@ private slots:
                      qPrintable(u"call %1: %2"_s.arg(failing).arg(QString::fromUtf8(day()))));
             QVERIFY2(day().startsWith(isThere ? m_earlier : QByteArray()), day().constData());
             QVERIFY(names().isEmpty() || names() == QStringList{dayName()});
+            QCOMPARE(openDescriptors(), descriptors);
         }
     }
 
@@ -95,6 +97,11 @@ private:
         if (isThere) {
             write(m_earlier);
         }
+    }
+
+    static qsizetype openDescriptors()
+    {
+        return QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System).size();
     }
 
     [[nodiscard]] QByteArray expectedDay(bool isThere) const

@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <sys/stat.h>
 
 /// Saving to a failing disk, and while other programs change the same files.
@@ -43,6 +44,48 @@ private slots:
         save();
         QCOMPARE(alertText(), u"Could not save entry: Input/output error"_s);
         QCOMPARE(names(), QStringList());
+    }
+
+    /// So that a day file that may only be written to is appended to, and nobody's notes are read.
+    void dayFile_isOpenedForWritingAlone()
+    {
+        write("old\n");
+        QList<int> accesses;
+        {
+            const FileFaults faults(dayPath(), [&](const FileCall &call) {
+                if (call.name == "open") {
+                    accesses.append(call.openFlags & O_ACCMODE);
+                }
+                return 0;
+            });
+            save();
+        }
+        QVERIFY(day().endsWith(entry));
+        QCOMPARE(accesses, QList<int>{O_WRONLY});
+    }
+
+    void folderThatCannotBeMade_givesTheReason_data()
+    {
+        QTest::addColumn<int>("error");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("no right") << EACCES << u"Permission denied"_s;
+        QTest::newRow("read-only disk") << EROFS << u"Read-only file system"_s;
+    }
+
+    void folderThatCannotBeMade_givesTheReason()
+    {
+        QFETCH(const int, error);
+        QFETCH(const QString, reason);
+        (*m_state)->setFolderPath(m_place->filePath(u"Journal"_s));
+        {
+            const FileFaults faults(
+                m_place->path().toStdString(),
+                [=](const FileCall &call) { return call.name == "mkdir" ? error : 0; });
+            save();
+        }
+        QCOMPARE(m_desktop->alerts.size(), 1);
+        QCOMPARE(alertText(), u"Could not save entry: "_s + reason);
+        QVERIFY(names().isEmpty());
     }
 
     void fileMadeByAnotherProgram_isNeverReplaced_data()

@@ -48,6 +48,25 @@ private slots:
         QTRY_COMPARE(menu.actions().constFirst()->text(), u"No folder selected"_s);
     }
 
+    void theme_isForTheTwoWindowsAlone()
+    {
+        TestDesktop desktop;
+        AppStateForTests state(desktop);
+        const auto pictureOfANewMenu = [&] {
+            MenuContent menu(*state);
+            menu.popup({});
+            return menu.grab().toImage();
+        };
+        const QPalette palette = QApplication::palette();
+        const QImage light = pictureOfANewMenu();
+        state->setTheme(ThemePreference::dark);
+        state->showSettings();
+        QCOMPARE(pictureOfANewMenu(), light);
+        QCOMPARE(QApplication::palette(), palette);
+        desktop.setColorScheme(ColorScheme::Dark);
+        QVERIFY(pictureOfANewMenu() != light);
+    }
+
     void status_showsEveryCharacterOfTheFolder()
     {
         TestDesktop desktop;

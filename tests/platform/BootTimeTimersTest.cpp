@@ -2,6 +2,7 @@
 #include "platform/linux/kernel/BootTimeTimers.h"
 
 #include <QElapsedTimer>
+#include <QDialog>
 #include <QMenu>
 #include <QTest>
 
@@ -67,6 +68,13 @@ private slots:
         const auto timer = BootTimeTimers().repeat(1s, [&] { menu.close(); });
         menu.exec(); // returns only once the timer has fired
         QVERIFY(!menu.isVisible());
+    }
+
+    void timer_firesWhileADialogIsModal()
+    {
+        QDialog dialog;
+        const auto timer = BootTimeTimers().repeat(1s, [&] { dialog.accept(); });
+        QCOMPARE(dialog.exec(), QDialog::Accepted); // returns only once the timer has fired
     }
 
     void intervalsPassedTogether_areOneCall()

@@ -242,6 +242,18 @@ private slots:
         QCOMPARE(contents(path(u"day"_s)), "x");
     }
 
+    void directories_haveTheUsersMask()
+    {
+        const mode_t before = umask(027);
+        QVERIFY(!PosixFiles().ensureDirectory(path(u"a/b"_s)));
+        umask(before);
+        for (const QString &made : {path(u"a"_s), path(u"a/b"_s)}) {
+            struct stat status{};
+            QCOMPARE(stat(QFile::encodeName(made).constData(), &status), 0);
+            QCOMPARE(status.st_mode & 0777U, 0750U);
+        }
+    }
+
     void directories_throughAFile_say()
     {
         write("x");

@@ -71,6 +71,27 @@ private slots:
         QVERIFY(m_heights.size() <= 1);
     }
 
+    void font_thatChanges_isMeasuredAnew()
+    {
+        QTRY_VERIFY(m_editor->hasFocus());
+        QFont larger = m_editor->font();
+        larger.setPixelSize(40);
+        m_editor->setFont(larger);
+        QTRY_COMPARE(m_height, lineHeight() + 32.0);
+    }
+
+    void editorWithoutAWindow_measures_andTakesNoFocus()
+    {
+        QTRY_VERIFY(m_editor->hasFocus());
+        m_height = 52;
+        BareTextEditor alone({.read = [this] { return m_height; },
+                              .write = [this](double height) { m_height = height; }},
+                             nullptr);
+        alone.setText(u"a\nb\nc"_s);
+        QTRY_COMPARE(m_height, 3.0 * lineHeight() + 32);
+        QVERIFY(m_editor->hasFocus());
+    }
+
     void eachLine_addsItsHeight_onceEach()
     {
         QTRY_VERIFY(m_editor->hasFocus());

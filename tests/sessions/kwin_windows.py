@@ -43,10 +43,11 @@ class KWinWindows(dbus.service.Object):
             self.bus.get_object("org.kde.KWin", "/Scripting", introspect=False),
             "org.kde.kwin.Scripting")
         number = int(scripting.loadScript(self.path, NAME))
-        script = self.bus.get_object("org.kde.KWin", f"/Scripting/Script{number}",
-                                     introspect=False)
-        # Does not wait for a reply: the script's own answer arrives in this thread.
-        script.run(dbus_interface="org.kde.kwin.Script", ignore_reply=True)
+        # The second is its path in KWin 5. Neither call waits for a reply: the script's own answer
+        # arrives in this thread.
+        for path in (f"/Scripting/Script{number}", f"/{number}"):
+            script = self.bus.get_object("org.kde.KWin", path, introspect=False)
+            script.run(dbus_interface="org.kde.kwin.Script", ignore_reply=True)
         try:
             answer = wait_for(lambda: self.answer, "KWin's windows", 10)
         finally:

@@ -162,6 +162,15 @@ private slots:
         QTRY_VERIFY(label(u"19:05"_s));
     }
 
+    void number_isWrittenAnew_whenTheLocaleChanges()
+    {
+        number()->setText(u"6O"_s); // as another locale might write it
+        QEvent change(QEvent::LocaleChange);
+        QCoreApplication::sendEvent(qApp, &change);
+        QCOMPARE(number()->text(), u"60"_s);
+        QCOMPARE(m_desktop->writes, 0);
+    }
+
     void nextPrompt_isWordedAnew_whenTheLocaleChanges()
     {
         (*m_state)->setFolderPath(u"/tmp/Journal"_s);

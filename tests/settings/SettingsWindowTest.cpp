@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QHelpEvent>
 #include <QRadioButton>
+#include <QScreen>
 #include <QTextDocument>
 #include <QToolTip>
 
@@ -53,6 +54,28 @@ private slots:
         const auto *tile = window()->findChild<IconTile *>();
         QCOMPARE(tile->size(), QSize(34, 34));
         QCOMPARE(tile->pos(), QPoint(0, 15));
+    }
+
+    void window_opensInTheMiddleOfTheScreen()
+    {
+        const QRect free = window()->screen()->availableGeometry();
+        const QPoint off = window()->geometry().center() - free.center();
+        QVERIFY(qAbs(off.x()) <= 1);
+        QVERIFY(qAbs(off.y()) <= 1);
+    }
+
+    void longDetail_wraps()
+    {
+        const QString detail = u"word "_s.repeated(40);
+        SettingRow row(u"folder"_s, Tints::blue, u"Label"_s, detail, new QWidget, nullptr);
+        row.resize(392, row.heightForWidth(392));
+        row.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&row));
+        const auto labels = row.findChildren<QLabel *>();
+        const QLabel &shown = *labels.constLast();
+        QCOMPARE(shown.text(), detail);
+        QVERIFY(shown.height() > 2 * shown.fontMetrics().height());
+        QVERIFY(shown.height() >= shown.heightForWidth(shown.width()));
     }
 
     void unknownSymbol_leavesAnEmptyTile()

@@ -29,14 +29,14 @@ FileFaults::~FileFaults()
     current = nullptr;
 }
 
-int FileFaults::before(std::string_view name, const char *path)
+int FileFaults::before(std::string_view name, const char *path, int openFlags)
 {
     if (current == nullptr || current->m_isBusy
         || !std::string_view(path).starts_with(current->m_folder)) {
         return 0;
     }
     current->m_isBusy = true;
-    const int error = current->m_interference({name, path});
+    const int error = current->m_interference({name, path, openFlags});
     if (current != nullptr) {
         current->m_isBusy = false;
     }
@@ -85,7 +85,11 @@ int open(const char *path, int flags, ...)
     // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): va_start initialises it
     const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
     va_end(rest);
-    return carryOut<int(const char *, int, ...)>("open", path, path, flags, mode);
+    if (const int error = FileFaults::before("open", path, flags)) {
+        errno = error;
+        return -1;
+    }
+    return next<int(const char *, int, ...)>("open")(path, flags, mode);
 }
 
 int stat(const char *path, struct stat *status)

@@ -13,6 +13,8 @@ struct FileCall {
     std::string_view name;
     /// The path in the call or, for a call on a descriptor, the path of its file.
     std::string path;
+    /// Those of "open" (open(2)); else 0.
+    int openFlags = 0;
 };
 
 /// Intercepts this process's calls on the files in a folder. The callback can make a call fail, or
@@ -29,7 +31,7 @@ public:
     Q_DISABLE_COPY_MOVE(FileFaults)
 
     /// Called by the intercepted functions. Returns the errno to fail with, or 0.
-    [[nodiscard]] static int before(std::string_view name, const char *path);
+    [[nodiscard]] static int before(std::string_view name, const char *path, int openFlags = 0);
     [[nodiscard]] static int before(std::string_view name, int descriptor);
 
 private:

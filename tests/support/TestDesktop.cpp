@@ -4,6 +4,8 @@
 #include "platform/generic/PosixFiles.h"
 #include "support/TimeZone.h"
 
+#include <algorithm>
+
 namespace
 {
 class TestClock final : public Clock
@@ -213,9 +215,13 @@ public:
     explicit TestTimer(TestDesktop &desktop)
         : m_desktop(desktop)
     {
+        ++m_desktop.m_timersRunning;
+        m_desktop.mostTimersAtOnce
+            = std::max(m_desktop.mostTimersAtOnce, m_desktop.m_timersRunning);
     }
     ~TestTimer() override
     {
+        --m_desktop.m_timersRunning;
         m_desktop.timerInterval.reset();
         m_desktop.m_timerAction = {};
     }

@@ -40,6 +40,7 @@ public:
     /// The interval of the running timer; nullopt if there is none.
     std::optional<std::chrono::seconds> timerInterval;
     int timersMade = 0;
+    int mostTimersAtOnce = 0;
     /// The remaining time that the running timer reports.
     std::chrono::seconds timerRemaining{0};
     void fireTimer() const { m_timerAction(); }
@@ -88,6 +89,7 @@ private:
     friend class TestTimer;
 
     std::function<void()> m_timerAction;
+    int m_timersRunning = 0;
     QPointer<Clock> m_clock;
     QPointer<Compositor> m_compositor;
     QPointer<Appearance> m_appearance;
