@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QTextEdit>
 
 namespace
 {
@@ -25,7 +26,8 @@ struct State {
     bool isEmpty;
 };
 
-State stateOf(const QPlainTextEdit &text)
+template <typename Editor>
+State stateOf(const Editor &text)
 {
     const QTextDocument &document = *text.document();
     return {.canUndo = document.isUndoAvailable(),
@@ -44,7 +46,8 @@ State stateOf(const QLineEdit &text)
             .isEmpty = text.text().isEmpty()};
 }
 
-void removeSelected(QPlainTextEdit &text)
+template <typename Editor>
+void removeSelected(Editor &text)
 {
     text.textCursor().removeSelectedText();
 }
@@ -54,7 +57,8 @@ void removeSelected(QLineEdit &text)
     text.del();
 }
 
-void paste(QPlainTextEdit &text)
+template <typename Editor>
+void paste(Editor &text)
 {
     text.paste();
 }
@@ -113,6 +117,11 @@ void TextMenu::paste(QLineEdit &text)
 }
 
 void TextMenu::serve(QPlainTextEdit &text, const Compositor &compositor)
+{
+    serveText(text, compositor);
+}
+
+void TextMenu::serve(QTextEdit &text, const Compositor &compositor)
 {
     serveText(text, compositor);
 }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QPlainTextEdit>
+#include <QTextEdit>
 
 /// Long text that can be read and copied, but not changed. It is always shown as plain text,
-/// because it comes from outside the program.
-class TextBox final : public QPlainTextEdit
+/// because it comes from outside the program; only the items of its lists are indented.
+class TextBox final : public QTextEdit
 {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(TextBox)
@@ -13,4 +13,13 @@ class TextBox final : public QPlainTextEdit
 public:
     /// @p name is the accessible name.
     TextBox(const QString &name, QWidget *parent);
+
+    /// The lines that follow the first of an item start below its words, not below its mark.
+    void showText(const QString &text);
+
+protected:
+    [[nodiscard]] QMimeData *createMimeDataFromSelection() const override;
+
+private:
+    void indentItem(const QTextBlock &block) const;
 };

@@ -182,8 +182,8 @@ void UpdateWindow::showPage(const UpdatePage &page)
     m_secondary->setEnabled(page.secondary.action != Action::cancel || page.canCancel);
     Accessible::describe(*m_headline, page.text);
     if (isAnotherPage) {
-        m_notes->setPlainText(page.releaseNotes);
-        m_details->setPlainText(page.details);
+        m_notes->showText(page.releaseNotes);
+        m_details->showText(page.details);
         m_details->hide();
         (m_primary->isVisibleTo(this) ? m_primary : m_secondary)->setFocus();
         announcePage();
