@@ -6,15 +6,17 @@
 #include "look/Squircle.h"
 
 #include <QPainter>
+#include <QPainterPath>
 
 namespace
 {
 void fillRing(QPainter &painter, const QRectF &outside, qreal outerRadius, const QColor &color)
 {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(squirclePath(outside, outerRadius)
-                         - squirclePath(outside.adjusted(1, 1, -1, -1), outerRadius - 1),
-                     color);
+    // The inner shape is left out by the odd-even rule, which is far cheaper than subtracting it.
+    QPainterPath ring = squirclePath(outside, outerRadius);
+    ring.addPath(squirclePath(outside.adjusted(1, 1, -1, -1), outerRadius - 1));
+    painter.fillPath(ring, color);
 }
 } // namespace
 

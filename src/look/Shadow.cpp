@@ -16,6 +16,8 @@ namespace
 // Shadows are blurred at a resolution at which the standard deviation is at most this many pixels;
 // a higher resolution would show no more detail.
 constexpr qreal sharpestSigma = 2.25;
+// The part of a cached shadow's horizontal edges that wider shadows repeat, in logical pixels.
+constexpr int repeatedLength = 64;
 
 void blurLine(uchar *line, qsizetype stride, int length, int reach, std::vector<uchar> &copy)
 {
@@ -78,7 +80,8 @@ QImage tinted(const QImage &alpha, const QColor &color)
     return image;
 }
 
-/// The shadow of @p rect within @p bounds.
+/// The shadow of @p rect within @p bounds, with @p ratio pixels of the picture for each logical
+/// one.
 QPixmap drawn(const Shadow &shadow, const QRectF &bounds, const QRectF &rect, qreal radius,
               qreal ratio)
 {
@@ -93,6 +96,8 @@ QPixmap drawn(const Shadow &shadow, const QRectF &bounds, const QRectF &rect, qr
     painter.translate(-bounds.topLeft());
     painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
     painter.fillPath(squirclePath(rect, radius), Qt::black);
+    painter.end();
+    pixmap.setDevicePixelRatio(1); // is drawn pixel by pixel
     return pixmap;
 }
 
@@ -116,36 +121,49 @@ QPixmap kept(const Shadow &shadow, const QRectF &bounds, const QRectF &rect, qre
     return pixmap;
 }
 
-/// Stretches @p pixmap over @p to, both in device pixels: the corners are drawn unchanged, the
-/// middle of each edge is stretched, and nothing is drawn in the centre.
-void drawStretched(QPainter &painter, const QRect &to, const QPixmap &pixmap)
+/// A part of the picture of a shadow, and where it is drawn, both in device pixels.
+struct Span {
+    int from;
+    int fromLength;
+    int to;
+    int toLength;
+};
+
+/// The two ends of an edge, which are drawn unchanged, and @p middle pixels between them.
+std::array<Span, 3> spans(int from, int middle, int to, int length)
 {
-    struct Span {
-        int from;
-        int fromLength;
-        int to;
-        int toLength;
-    };
-    const auto spans = [](int from, int start, int length) {
-        const int end = (from - 1) / 2;
-        return std::array{Span{0, end, start, end},
-                          Span{end, from - 2 * end, start + end, length - 2 * end},
-                          Span{from - end, end, start + length - end, end}};
-    };
-    const auto rows = spans(pixmap.height(), to.top(), to.height());
-    const auto columns = spans(pixmap.width(), to.left(), to.width());
-    for (const Span &y : rows) {
-        for (const Span &x : columns) {
-            if (&y != &rows[1] || &x != &columns[1]) {
-                painter.drawPixmap(QRect(x.to, y.to, x.toLength, y.toLength), pixmap,
-                                   QRect(x.from, y.from, x.fromLength, y.fromLength));
-            }
+    const int end = (from - middle) / 2;
+    return {Span{0, end, to, end}, Span{end, from - 2 * end, to + end, length - 2 * end},
+            Span{from - end, end, to + length - end, end}};
+}
+
+void drawRepeated(QPainter &painter, const QPixmap &pixmap, const Span &x, const Span &y)
+{
+    for (int done = 0; done < x.toLength; done += x.fromLength) {
+        painter.drawPixmap(x.to + done, y.to, pixmap, x.from, y.from,
+                           qMin(x.fromLength, x.toLength - done), y.fromLength);
+    }
+}
+
+/// Draws @p pixmap over @p to, both in device pixels: the corners unchanged, the middle
+/// @p repeated pixels of the horizontal edges again and again, which is several times faster than
+/// stretching them, and the vertical edges stretched. Nothing is drawn in the centre.
+void drawExtended(QPainter &painter, const QRect &to, const QPixmap &pixmap, int repeated)
+{
+    const auto [top, sides, bottom] = spans(pixmap.height(), 1, to.top(), to.height());
+    const auto [left, middle, right] = spans(pixmap.width(), repeated, to.left(), to.width());
+    for (const Span &x : {left, right}) {
+        for (const Span &y : {top, sides, bottom}) {
+            painter.drawPixmap(QRect(x.to, y.to, x.toLength, y.toLength), pixmap,
+                               QRect(x.from, y.from, x.fromLength, y.fromLength));
         }
     }
+    drawRepeated(painter, pixmap, middle, top);
+    drawRepeated(painter, pixmap, middle, bottom);
 }
 } // namespace
 
-// Blurring is slow and windows grow, so the shadow of a small squircle is cached and stretched for
+// Blurring is slow and windows grow, so the shadow of a small squircle is cached and extended for
 // larger ones.
 void Shadow::paint(QPainter &painter, const QRectF &rect, qreal radius) const
 {
@@ -155,7 +173,7 @@ void Shadow::paint(QPainter &painter, const QRectF &rect, qreal radius) const
     // How far a corner is visible along an edge: its curve, and its shadow down to one level in
     // 255.
     const qreal corner = std::ceil(qMax(1.6 * radius, 1.1 * blur + offsetY));
-    const QRectF small({}, rect.size().boundedTo({2 * corner, 2 * corner}));
+    const QRectF small({}, rect.size().boundedTo({2 * corner + repeatedLength, 2 * corner}));
     const qreal ratio = painter.device()->devicePixelRatioF();
     const QPixmap pixmap = kept(*this, small.marginsAdded(around), small, radius, ratio);
 
@@ -163,6 +181,7 @@ void Shadow::paint(QPainter &painter, const QRectF &rect, qreal radius) const
     painter.save();
     painter.scale(1 / ratio, 1 / ratio);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform, false);
-    drawStretched(painter, QRectF(to.topLeft() * ratio, to.size() * ratio).toRect(), pixmap);
+    drawExtended(painter, QRectF(to.topLeft() * ratio, to.size() * ratio).toRect(), pixmap,
+                 qRound(repeatedLength * ratio));
     painter.restore();
 }

@@ -3,6 +3,7 @@
 
 #include <QtMath>
 
+#include <array>
 #include <cmath>
 
 namespace
@@ -14,15 +15,33 @@ const qreal diagonalGap = M_SQRT2 - 1;
 const qreal exponent = -M_LN2 / std::log(1 - diagonalGap / (M_SQRT2 * reach));
 constexpr int stepsPerCorner = 24;
 
+/// A point of a corner that occupies 1 of each edge, as distances from the corner.
+struct CornerPoint {
+    qreal alongIn;
+    qreal alongOut;
+};
+
+using Corner = std::array<CornerPoint, stepsPerCorner + 1>;
+
+Corner unitCorner()
+{
+    Corner corner{};
+    for (int step = 0; step <= stepsPerCorner; ++step) {
+        const qreal angle = M_PI_2 * step / stepsPerCorner;
+        corner.at(static_cast<size_t>(step))
+            = {.alongIn = 1 - std::pow(std::sin(angle), 2 / exponent),
+               .alongOut = 1 - std::pow(std::cos(angle), 2 / exponent)};
+    }
+    return corner;
+}
+
 /// Adds the corner at @p corner, from the edge in direction @p in to the edge in direction @p out
 /// (unit vectors that point away from the corner).
 void addCorner(QPainterPath &path, const QPointF &corner, const QPointF &in, const QPointF &out,
                qreal extent)
 {
-    for (int step = 0; step <= stepsPerCorner; ++step) {
-        const qreal angle = M_PI_2 * step / stepsPerCorner;
-        const qreal alongIn = 1 - std::pow(std::sin(angle), 2 / exponent);
-        const qreal alongOut = 1 - std::pow(std::cos(angle), 2 / exponent);
+    static const Corner points = unitCorner();
+    for (const auto &[alongIn, alongOut] : points) {
         const QPointF point = corner + (in * alongIn + out * alongOut) * extent;
         if (path.elementCount() == 0) {
             path.moveTo(point);
