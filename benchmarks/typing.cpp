@@ -73,8 +73,8 @@ void compare(const char *what, const QString &text, QPlainTextEdit &ours, QPlain
              int keys)
 {
     for (const auto &[caret, place] :
-         {std::pair(Caret::Start, "start"), std::pair(Caret::Middle, "middle"),
-          std::pair(Caret::End, "end")}) {
+         {std::pair(Caret::Start, "at the start"), std::pair(Caret::Middle, "in the middle"),
+          std::pair(Caret::End, "at the end")}) {
         for (QPlainTextEdit *const editor : {&ours, &bare}) {
             editor->setPlainText(text);
             placeCaret(*editor, caret);
@@ -87,7 +87,8 @@ void compare(const char *what, const QString &text, QPlainTextEdit &ours, QPlain
         }
         const double our = median(oursCosts);
         const double their = median(bareCosts);
-        std::printf("%-26s %-7s %9.3f %9.3f %6.2f\n", what, place, our, their, our / their);
+        std::printf("| a key in %s, %s, ms of processor time | %.3f | %.3f | %.2f |\n", what, place,
+                    our, their, our / their);
     }
 }
 
@@ -100,6 +101,15 @@ double costOfPasting(QPlainTextEdit &editor, const QString &text)
     editor.paste();
     QCoreApplication::processEvents();
     return cpuMilliseconds() - before;
+}
+
+void comparePasting(const char *what, const QString &text, QPlainTextEdit &ours,
+                    QPlainTextEdit &bare)
+{
+    const double our = costOfPasting(ours, text);
+    const double their = costOfPasting(bare, text);
+    std::printf("| pasting %s, ms of processor time | %.1f | %.1f | %.2f |\n", what, our, their,
+                our / their);
 }
 
 QString lines(int bytes)
@@ -142,24 +152,19 @@ int main(int argc, char *argv[])
     constexpr int kilo = 1000;
     constexpr int manyKeys = 300;
     constexpr int fewKeys = 9;
-    std::printf("%-26s %-7s %9s %9s %6s\n", "note", "caret", "prompt ms", "bare ms", "ratio");
-    compare("empty", QString(), ours, bare, manyKeys);
+    compare("an empty note", QString(), ours, bare, manyKeys);
     compare("10 KB of lines", lines(10 * kilo), ours, bare, manyKeys);
     compare("100 KB of lines", lines(100 * kilo), ours, bare, manyKeys);
     compare("1 MB of lines", lines(1000 * kilo), ours, bare, manyKeys);
-    compare("10 KB in one paragraph", paragraph(10 * kilo), ours, bare, manyKeys / 3);
-    compare("100 KB in one paragraph", paragraph(100 * kilo), ours, bare, fewKeys);
+    compare("a paragraph of 10 KB", paragraph(10 * kilo), ours, bare, manyKeys / 3);
+    compare("a paragraph of 100 KB", paragraph(100 * kilo), ours, bare, fewKeys);
 
-    compare("250 KB in one word", word(250 * kilo), ours, bare, 3);
+    compare("a word of 250 KB", word(250 * kilo), ours, bare, 3);
 
-    const QString megabyte = lines(1000 * kilo);
-    std::printf("%-26s %-7s %9.1f %9.1f\n", "pasting 1 MB of lines", "",
-                costOfPasting(ours, megabyte), costOfPasting(bare, megabyte));
-    const QString longWord = word(250 * kilo);
-    std::printf("%-26s %-7s %9.1f %9.1f\n", "pasting 250 KB in one word", "",
-                costOfPasting(ours, longWord), costOfPasting(bare, longWord));
+    comparePasting("1 MB of lines", lines(1000 * kilo), ours, bare);
+    comparePasting("a word of 250 KB", word(250 * kilo), ours, bare);
     // The bare widget takes minutes.
-    std::printf("%-26s %-7s %9.1f\n", "pasting 1 MB in one word", "",
+    std::printf("| pasting a word of 1 MB, ms of processor time | %.1f | | |\n",
                 costOfPasting(ours, word(1000 * kilo)));
     return 0;
 }
