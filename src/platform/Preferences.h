@@ -7,7 +7,7 @@
 
 /// The user's preferences: one value per key, kept between runs.
 /// Errors are not reported: a value that cannot be read counts as missing, and one that cannot be
-/// written is lost at the end of the run.
+/// written is kept, and written with the next value or when the program quits, if that is possible.
 class Preferences
 {
 public:

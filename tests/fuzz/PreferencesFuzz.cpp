@@ -3,6 +3,7 @@
 #include "Fuzz.h"
 #include "platform/generic/PreferencesFile.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -15,6 +16,8 @@ const QString theme = QStringLiteral("theme");
 
 int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
+    static int argc = 0;
+    static const QCoreApplication application(argc, nullptr);
     static const QTemporaryDir place;
     const QString path = place.filePath(QStringLiteral("Tovla.conf"));
     QFile file(path);

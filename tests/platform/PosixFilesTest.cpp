@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/generic/PosixFiles.h"
 
+#include "support/FileSizeLimit.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -12,7 +14,6 @@
 #include <atomic>
 #include <csignal>
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <thread>
 #include <vector>
@@ -21,23 +22,6 @@ using namespace Qt::StringLiterals;
 
 namespace
 {
-/// Makes the disk look full to this process after some bytes.
-class FileSizeLimit final
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit lowered{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &lowered);
-    }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
-    Q_DISABLE_COPY_MOVE(FileSizeLimit)
-
-private:
-    rlimit m_before{};
-};
-
 /// A lease on a file, like a file server's: returned when the kernel asks for it (fcntl(2)).
 class Lease final
 {

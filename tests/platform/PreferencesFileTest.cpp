@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/generic/PreferencesFile.h"
 
+#include "support/FileSizeLimit.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <csignal>
 
 using namespace Qt::StringLiterals;
 
@@ -13,6 +17,7 @@ class PreferencesFileTest final : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { std::signal(SIGXFSZ, SIG_IGN); }
     void init() { m_place = std::make_unique<QTemporaryDir>(); }
 
     void leadingInteger_data()
@@ -110,6 +115,45 @@ private slots:
         QCOMPARE(PreferencesFile(path()).integer(u"intervalMinutes"_s), 5);
     }
 
+    void fullDisk_keepsTheOldFile_andStoresTheValueAtTheNextChance_data()
+    {
+        QTest::addColumn<int>("bytesFree");
+        QTest::newRow("full") << 0;
+        QTest::newRow("full after the lock") << 90;
+    }
+
+    void fullDisk_keepsTheOldFile_andStoresTheValueAtTheNextChance()
+    {
+        QFETCH(const int, bytesFree);
+        PreferencesFile preferences(path());
+        preferences.setString(u"folderPath"_s, u"/home/ann/"_s + u"long/"_s.repeated(20));
+        const QByteArray before = contents();
+        {
+            const FileSizeLimit limit(static_cast<rlim_t>(bytesFree));
+            preferences.setString(u"theme"_s, u"dark"_s);
+        }
+        QCOMPARE(contents(), before);
+        QCOMPARE(names(), QStringList{u"Tovla.conf"_s});
+        QCOMPARE(preferences.string(u"theme"_s), std::optional(u"dark"_s));
+        preferences.setInteger(u"intervalMinutes"_s, 25);
+        QVERIFY(contents().startsWith(before.trimmed().first(9)));
+        QVERIFY(contents().contains("theme=dark\n"));
+        QVERIFY(contents().contains("intervalMinutes=25\n"));
+    }
+
+    void fullDisk_hasUntilTheProgramQuits()
+    {
+        PreferencesFile preferences(path());
+        {
+            const FileSizeLimit limit(0);
+            preferences.setString(u"theme"_s, u"dark"_s);
+        }
+        QCOMPARE(contents(), QByteArray());
+        QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+        QCoreApplication::exec();
+        QVERIFY(contents().contains("theme=dark\n"));
+    }
+
     void unwritablePlace_keepsTheValueForTheRun()
     {
         // A directory in place of the file makes it unreadable even for root.
@@ -127,6 +171,11 @@ private:
         QVERIFY(QDir().mkpath(m_place->filePath(u"Tovla"_s)));
         QFile file(path());
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+    [[nodiscard]] QStringList names() const
+    {
+        return QDir(m_place->filePath(u"Tovla"_s))
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     }
     [[nodiscard]] QByteArray contents() const
     {

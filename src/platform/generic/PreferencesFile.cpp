@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/generic/PreferencesFile.h"
 
+#include <QCoreApplication>
 #include <QStandardPaths>
 
 #include <charconv>
@@ -8,6 +9,9 @@
 PreferencesFile::PreferencesFile(const QString &path)
     : m_settings(path, QSettings::IniFormat)
 {
+    // The last chance for a value that could not be written, such as on a full disk.
+    QObject::connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, &m_settings,
+                     &QSettings::sync);
 }
 
 QString PreferencesFile::userPath()

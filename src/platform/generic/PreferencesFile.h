@@ -5,7 +5,8 @@
 
 #include <QSettings>
 
-/// The preferences as an INI file that people can read and edit. Unknown keys are preserved.
+/// The preferences as an INI file that people can read and edit. Unknown keys are preserved. The
+/// file is replaced as a whole, so a failure leaves the old one. Needs the application object.
 class PreferencesFile final : public Preferences
 {
 public:
