@@ -7,6 +7,10 @@
 
 namespace
 {
+/// The toolkit mirrors all windows if the catalogue translates this as "RTL".
+[[maybe_unused]] constexpr auto layoutDirection
+    = QT_TRANSLATE_NOOP("QGuiApplication", "QT_LAYOUT_DIRECTION");
+
 const QString catalogueFolder = QStringLiteral(":/catalogue");
 
 void install(QTranslator *translator, bool isLoaded)

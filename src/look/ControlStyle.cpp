@@ -16,6 +16,8 @@ namespace
 constexpr auto prominentProperty = "tovlaIsProminent";
 constexpr qreal controlRadius = 5;
 constexpr int buttonPadding = 12;
+// What the toolkit counts in a button's size hint.
+constexpr int iconToText = 4;
 constexpr int radioSide = 14;
 constexpr int radioToText = 6;
 constexpr int radioHeight = 24;
@@ -73,7 +75,7 @@ bool isProminent(const QStyleOption &option, const QWidget *widget)
 /// The two arrows that distinguish a pop-up from a button.
 void drawPopUpArrows(QPainter &painter, const QStyleOption &option)
 {
-    constexpr qreal trailing = ControlStyle::faceMargin + 12;
+    constexpr qreal trailing = ControlStyle::faceMargin + 8;
     constexpr qreal side = 7;
     constexpr qreal gap = 2;
     painter.save();
@@ -81,8 +83,10 @@ void drawPopUpArrows(QPainter &painter, const QStyleOption &option)
     painter.setPen(Qt::NoPen);
     painter.setBrush(option.palette.color(Look::secondaryTextRole));
     const qreal top = option.rect.center().y() - side / 2;
-    const qreal down = option.rect.right() - trailing - side + 4;
-    const qreal up = down - gap - side;
+    const qreal up = option.direction == Qt::RightToLeft
+        ? option.rect.left() + trailing
+        : option.rect.right() - trailing - 2 * side - gap;
+    const qreal down = up + side + gap;
     painter.drawPolygon(QPolygonF(
         {QPointF(up, top + side), QPointF(up + side, top + side), QPointF(up + side / 2, top)}));
     painter.drawPolygon(QPolygonF(
@@ -146,16 +150,23 @@ void ControlStyle::drawControl(ControlElement element, const QStyleOption *optio
                  option->palette.color(isAccented ? Look::prominentRole : QPalette::Button));
         return;
     }
-    if (element == CE_PushButtonLabel && isAccented) {
+    if (element == CE_PushButtonLabel) {
         auto label = *qstyleoption_cast<const QStyleOptionButton *>(option);
-        label.palette.setColor(QPalette::ButtonText, Qt::white);
-        QProxyStyle::drawControl(element, &label, painter, widget);
+        if (isAccented) {
+            label.palette.setColor(QPalette::ButtonText, Qt::white);
+        }
+        if (label.icon.isNull()) {
+            QProxyStyle::drawControl(element, &label, painter, widget);
+        } else {
+            drawIconAndText(*painter, label);
+        }
         return;
     }
     if (element == CE_RadioButton) {
         // Room for the focus ring.
         auto radio = *qstyleoption_cast<const QStyleOptionButton *>(option);
-        radio.rect.setLeft(radio.rect.left() + faceMargin);
+        radio.rect = visualRect(radio.direction, radio.rect,
+                                radio.rect.adjusted(faceMargin, 0, -faceMargin, 0));
         QProxyStyle::drawControl(element, &radio, painter, widget);
         return;
     }
@@ -169,6 +180,23 @@ void ControlStyle::drawControl(ControlElement element, const QStyleOption *optio
     }
 }
 
+/// The toolkit leaves too little between icon and text, and does not mirror them.
+void ControlStyle::drawIconAndText(QPainter &painter, const QStyleOptionButton &button) const
+{
+    const int mnemonic = m_showsMnemonics ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
+    const int beforeText = button.iconSize.width() + iconToText;
+    const QSize size(beforeText + button.fontMetrics.size(mnemonic, button.text).width(),
+                     button.rect.height());
+    const QRect all = alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, button.rect);
+    const QRect icon = visualRect(
+        button.direction, all,
+        alignedRect(Qt::LeftToRight, Qt::AlignLeft | Qt::AlignVCenter, button.iconSize, all));
+    button.icon.paint(&painter, icon);
+    drawItemText(&painter, visualRect(button.direction, all, all.adjusted(beforeText, 0, 0, 0)),
+                 static_cast<int>(Qt::AlignCenter) | mnemonic, button.palette,
+                 button.state.testFlag(State_Enabled), button.text, QPalette::ButtonText);
+}
+
 QSize ControlStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
                                      const QSize &size, const QWidget *widget) const
 {
@@ -176,7 +204,7 @@ QSize ControlStyle::sizeFromContents(ContentsType type, const QStyleOption *opti
         return {size.width() + 2 * (buttonPadding + faceMargin), outerHeight};
     }
     if (type == CT_RadioButton) {
-        return {QProxyStyle::sizeFromContents(type, option, size, widget).width() + faceMargin,
+        return {QProxyStyle::sizeFromContents(type, option, size, widget).width() + 2 * faceMargin,
                 radioHeight};
     }
     if (const auto *const item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
@@ -230,7 +258,8 @@ QRect ControlStyle::subControlRect(ComplexControl control, const QStyleOptionCom
     if (control == CC_ComboBox && part == SC_ComboBoxEditField) {
         constexpr int leading = faceMargin + 6;
         constexpr int arrows = faceMargin + 29;
-        return option->rect.adjusted(leading, 0, -arrows, 0);
+        return visualRect(option->direction, option->rect,
+                          option->rect.adjusted(leading, 0, -arrows, 0));
     }
     if (const auto *const slider = qstyleoption_cast<const QStyleOptionSlider *>(option);
         slider != nullptr && control == CC_ScrollBar) {

@@ -5,6 +5,7 @@
 #include <QProxyStyle>
 
 class QPushButton;
+class QStyleOptionButton;
 
 /// Draws the controls of our windows. All colours come from the palette of the window's look, so
 /// the same style works for light and dark.
@@ -22,7 +23,7 @@ public:
     static constexpr int outerHeight = controlHeight + 2 * faceMargin;
     /// The overhang of a radio button around its line of text, for the focus ring and as a larger
     /// click target.
-    static constexpr QMargins radioOverhang{faceMargin, 4, 0, 4};
+    static constexpr QMargins radioOverhang{faceMargin, 4, faceMargin, 4};
 
     ControlStyle();
 
@@ -56,5 +57,7 @@ public:
                                   const QWidget *widget) const override;
 
 private:
+    void drawIconAndText(QPainter &painter, const QStyleOptionButton &button) const;
+
     bool m_showsMnemonics = false;
 };

@@ -4,8 +4,10 @@
 #include "look/Fonts.h"
 #include "look/Look.h"
 
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QStyle>
 #include <QToolTip>
 
 namespace
@@ -15,6 +17,10 @@ void setUp(QLabel &label, const QFont &font, QPalette::ColorRole role)
     label.setTextFormat(Qt::PlainText);
     label.setFont(font);
     label.setForegroundRole(role);
+    // At the edge where the window's texts start, whatever script this one is in.
+    const Qt::Alignment edge
+        = QStyle::visualAlignment(QGuiApplication::layoutDirection(), Qt::AlignLeft);
+    label.setAlignment(edge | Qt::AlignAbsolute | Qt::AlignVCenter);
 }
 } // namespace
 
@@ -72,5 +78,8 @@ void ElidedLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
-    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shownText());
+    // The text has its own direction: a path starts with its slash where the window is mirrored
+    // too.
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
+    painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine, shownText());
 }

@@ -17,7 +17,8 @@ constexpr qreal rowRadius = 5;
 constexpr int rowHeight = 24;
 constexpr int separatorHeight = 11;
 constexpr int textInset = 10;
-constexpr int tickWidth = 15;
+constexpr int tickSide = 8;
+constexpr int tickWidth = 15; // with the space after it
 constexpr int textToKeys = 24;
 
 bool canBeTicked(const QStyleOptionMenuItem &option)
@@ -33,12 +34,16 @@ QRect rowOf(const QStyleOptionMenuItem &option, const QWidget *widget)
                      : option.rect;
 }
 
-void drawTick(QPainter &painter, const QRect &row, const QColor &color)
+void drawTick(QPainter &painter, const QRect &row, Qt::LayoutDirection direction,
+              const QColor &color)
 {
-    const QPointF start(row.left() + textInset, row.center().y() + 1.5);
+    const QRect place = QStyle::visualRect(
+        direction, row, QRect(row.left() + textInset, row.top(), tickSide, row.height()));
+    const QPointF start(place.left(), row.center().y() + 1.5);
     painter.setPen(QPen(color, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
-    painter.drawPolyline(QPolygonF({start, start + QPointF(2.5, 2.5), start + QPointF(8, -4.5)}));
+    painter.drawPolyline(
+        QPolygonF({start, start + QPointF(2.5, 2.5), start + QPointF(tickSide, -4.5)}));
 }
 } // namespace
 
@@ -84,19 +89,25 @@ void MenuDrawing::drawItem(QPainter &painter, const QStyleOptionMenuItem &option
                                    : palette.color(Look::tertiaryTextRole);
     const QColor text = isSelected ? QColor(Qt::white) : plain;
     if (canBeTicked(option) && option.checked) {
-        drawTick(painter, row, text);
+        drawTick(painter, row, option.direction, text);
     }
     const int inset = textInset + (canBeTicked(option) ? tickWidth : 0);
-    const QRect texts = row.adjusted(inset, 0, -textInset, 0);
+    const QRect texts
+        = QStyle::visualRect(option.direction, row, row.adjusted(inset, 0, -textInset, 0));
     const QString label = option.text.section(u'\t', 0, 0);
     const QString keys = option.text.section(u'\t', 1);
     constexpr int oneLine = static_cast<int>(Qt::AlignVCenter) | Qt::TextSingleLine;
+    // The menu's direction counts, whatever script a text is in.
+    const auto at = [&option](Qt::Alignment edge) {
+        return static_cast<int>(QStyle::visualAlignment(option.direction, edge)
+                                | Qt::AlignAbsolute);
+    };
     const int mnemonic = underlinesMnemonic ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
     painter.setFont(option.font);
     painter.setPen(text);
-    painter.drawText(texts, oneLine | Qt::AlignLeading | mnemonic, label);
+    painter.drawText(texts, oneLine | at(Qt::AlignLeft) | mnemonic, label);
     painter.setPen(isEnabled && !isSelected ? palette.color(Look::secondaryTextRole) : text);
-    painter.drawText(texts, oneLine | Qt::AlignTrailing, keys);
+    painter.drawText(texts, oneLine | at(Qt::AlignRight), keys);
     painter.restore();
 }
 

@@ -50,8 +50,8 @@ int OverhangItem::minimumHeightForWidth(int width) const
 void OverhangItem::setGeometry(const QRect &place)
 {
     const QSize inside = place.size().boundedTo(maximumSize());
-    const QRect rect
-        = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignLeft | Qt::AlignVCenter, inside, place);
+    const QRect rect = QStyle::alignedRect(widget()->layoutDirection(),
+                                           Qt::AlignLeft | Qt::AlignVCenter, inside, place);
     widget()->setGeometry(rect.marginsAdded(m_overhang));
 }
 

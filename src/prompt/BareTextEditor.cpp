@@ -234,6 +234,14 @@ void BareTextEditor::paintEvent(QPaintEvent *event)
     }
 }
 
+void BareTextEditor::changeEvent(QEvent *event)
+{
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange && isVisible()) {
+        m_coordinator->updateHeight();
+    }
+}
+
 bool BareTextEditor::canInsertFromMimeData(const QMimeData *source) const
 {
     // Does not ask the clipboard's owner, which may be slow; if there is no text, pasting does

@@ -7,12 +7,13 @@
 #include "prompt/CloseButton.h"
 
 #include <QLabel>
+#include <QStyle>
 
 #include <algorithm>
 
 namespace
 {
-constexpr int buttonLeft = 12;
+constexpr int buttonLeading = 12;
 constexpr int hintTrailing = 24;
 constexpr int titleToHint = 12;
 } // namespace
@@ -57,11 +58,16 @@ void TitleStrip::setLook(const Look &look)
 
 void TitleStrip::resizeEvent(QResizeEvent *)
 {
-    m_closeButton->move(buttonLeft - (CloseButton::side - CloseButton::diameter) / 2,
-                        (height - CloseButton::side) / 2);
+    const auto put = [this](QWidget *part, const QRect &place) {
+        part->setGeometry(QStyle::visualRect(layoutDirection(), rect(), place));
+    };
+    put(m_closeButton,
+        QRect(buttonLeading - (CloseButton::side - CloseButton::diameter) / 2,
+              (height - CloseButton::side) / 2, CloseButton::side, CloseButton::side));
     const int titleWidth = m_title->sizeHint().width();
-    m_title->setGeometry((width() - titleWidth) / 2, 0, titleWidth, height);
-    const int room = width() - hintTrailing - m_title->geometry().right() - titleToHint;
+    const QRect title((width() - titleWidth) / 2, 0, titleWidth, height);
+    m_title->setGeometry(title);
+    const int room = width() - hintTrailing - title.right() - titleToHint;
     const int hintWidth = std::min(m_hint->sizeHint().width(), room);
-    m_hint->setGeometry(width() - hintTrailing - hintWidth, 0, hintWidth, height);
+    put(m_hint, QRect(width() - hintTrailing - hintWidth, 0, hintWidth, height));
 }

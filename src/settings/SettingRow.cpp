@@ -27,7 +27,8 @@ SettingRow::SettingRow(const QString &icon, const Tint &tint, const QString &lab
     setAccessibleName(label);
     setAccessibleDescription(detail);
     control->setParent(this);
-    setContentsMargins(0, 0, control->contentsMargins().right(), 0);
+    const QMargins overhang = control->contentsMargins();
+    setContentsMargins(overhang.left(), 0, overhang.right(), 0);
     auto *const column = new QVBoxLayout;
     column->setSpacing(textsToControl);
     column->addWidget(createTexts(label, detail));

@@ -44,7 +44,8 @@ protected:
         QPainter painter(this);
         painter.setPen(pen);
         constexpr qreal middle = dividerPadding + dividerThickness / 2.0;
-        painter.drawLine(QLineF(dividerLeading, middle, width(), middle));
+        const int leading = isRightToLeft() ? 0 : dividerLeading;
+        painter.drawLine(QLineF(leading, middle, leading + width() - dividerLeading, middle));
     }
 };
 } // namespace

@@ -9,9 +9,7 @@
 #include "look/Symbol.h"
 #include "settings/PopUp.h"
 
-#include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QPainter>
 #include <QPushButton>
 
 namespace
@@ -19,22 +17,6 @@ namespace
 constexpr int namesWidth = 160;
 constexpr int spacing = 12;
 constexpr int symbolSide = 14;
-// In addition to the little that the toolkit leaves between an icon and a text.
-constexpr int symbolToText = 2;
-
-/// The symbol on "Preview", with a gap after it.
-QPixmap playSymbol(const QColor &color, qreal devicePixelRatio)
-{
-    QPixmap symbolAndGap(QSize(symbolSide + symbolToText, symbolSide) * devicePixelRatio);
-    symbolAndGap.setDevicePixelRatio(devicePixelRatio);
-    symbolAndGap.fill(Qt::transparent);
-    const int left = QGuiApplication::isRightToLeft() ? symbolToText : 0;
-    QPainter(&symbolAndGap)
-        .drawPixmap(
-            left, 0,
-            symbol(QStringLiteral("play.fill"), {symbolSide, symbolSide}, color, devicePixelRatio));
-    return symbolAndGap;
-}
 } // namespace
 
 SoundControl::SoundControl(const QStringList &names, const Compositor &compositor)
@@ -48,7 +30,7 @@ SoundControl::SoundControl(const QStringList &names, const Compositor &composito
     m_names->setMaxVisibleItems(static_cast<int>(names.size()));
     connect(m_names, &QComboBox::textActivated, this, &SoundControl::soundChosen);
     m_preview->setFont(systemFont(FontSizes::body));
-    m_preview->setIconSize({symbolSide + symbolToText, symbolSide});
+    m_preview->setIconSize({symbolSide, symbolSide});
     connect(m_preview, &QPushButton::clicked, this, &SoundControl::previewRequested);
 
     setContentsMargins(ControlStyle::overhang);
@@ -62,7 +44,8 @@ SoundControl::SoundControl(const QStringList &names, const Compositor &composito
 
 void SoundControl::setLook(const Look &look)
 {
-    m_preview->setIcon(playSymbol(look.palette().color(QPalette::ButtonText), devicePixelRatioF()));
+    m_preview->setIcon(symbol(QStringLiteral("play.fill"), m_preview->iconSize(),
+                              look.palette().color(QPalette::ButtonText), devicePixelRatioF()));
     m_names->setListPalette(look.palette());
 }
 

@@ -44,19 +44,26 @@ TextBox::TextBox(const QString &name, QWidget *parent)
 void TextBox::showText(const QString &text)
 {
     setPlainText(text);
+    QTextCursor cursor(document());
+    cursor.beginEditBlock(); // so that the text is laid out only once
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
-        indentItem(block);
+        const QString line = block.text();
+        const QStringView mark = itemMark(line);
+        if (!mark.isEmpty()) {
+            cursor.setPosition(block.position());
+            cursor.setBlockFormat(itemFormat(mark.toString()));
+        }
     }
+    cursor.endEditBlock();
 }
 
-void TextBox::indentItem(const QTextBlock &block) const
+QTextBlockFormat TextBox::itemFormat(const QString &mark) const
 {
-    const QString line = block.text();
-    const int indent = fontMetrics().horizontalAdvance(itemMark(line).toString());
+    const int indent = fontMetrics().horizontalAdvance(mark);
     QTextBlockFormat format;
     format.setLeftMargin(indent);
     format.setTextIndent(-indent);
-    QTextCursor(block).setBlockFormat(format);
+    return format;
 }
 
 QMimeData *TextBox::createMimeDataFromSelection() const

@@ -21,5 +21,5 @@ protected:
     [[nodiscard]] QMimeData *createMimeDataFromSelection() const override;
 
 private:
-    void indentItem(const QTextBlock &block) const;
+    [[nodiscard]] QTextBlockFormat itemFormat(const QString &mark) const;
 };

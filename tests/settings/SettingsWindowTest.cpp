@@ -53,7 +53,8 @@ private slots:
     {
         const auto *tile = window()->findChild<IconTile *>();
         QCOMPARE(tile->size(), QSize(34, 34));
-        QCOMPARE(tile->pos(), QPoint(0, 15));
+        const QWidget *const row = tile->parentWidget();
+        QCOMPARE(tile->pos() - row->contentsRect().topLeft(), QPoint(0, 15));
     }
 
     void window_opensInTheMiddleOfTheScreen()

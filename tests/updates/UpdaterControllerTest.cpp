@@ -6,7 +6,7 @@
 #include "updates/UpdateWindow.h"
 
 #include <QLabel>
-#include <QPlainTextEdit>
+#include <QTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
@@ -198,7 +198,7 @@ private slots:
     {
         packages().notes = u"<img src='http://example.org'> <b>bold</b>"_s;
         check();
-        const auto *const notes = window()->findChild<QPlainTextEdit *>();
+        const auto *const notes = window()->findChild<QTextEdit *>();
         QVERIFY(notes->isVisible());
         QVERIFY(notes->isReadOnly());
         QCOMPARE(notes->toPlainText(), packages().notes);
@@ -209,7 +209,7 @@ private slots:
         const QString details = u"what the package manager says"_s;
         packages().outcomes[u"findNewerVersion"_s] = {PackageManager::Failure::other, details};
         check();
-        const auto boxes = window()->findChildren<QPlainTextEdit *>();
+        const auto boxes = window()->findChildren<QTextEdit *>();
         QVERIFY(!boxes.at(0)->isVisible() && !boxes.at(1)->isVisible());
         QTest::mouseClick(button(u"&Details"_s), Qt::LeftButton);
         QVERIFY(boxes.at(1)->isVisible());
@@ -229,14 +229,14 @@ private slots:
 
     void longestTexts_keepTheEventLoopFree()
     {
-        packages().notes = u"All work and no play.\n"_s.repeated(900);
+        packages().notes = u"- All work and no play.\n"_s.repeated(900);
         check(u"readReleaseNotes"_s);
         QVERIFY(QTest::qWaitForWindowExposed(window()));
         EventLoopMeter meter;
         meter.start();
         QMetaObject::invokeMethod(
             &packages(), [this] { packages().goOn(); }, Qt::QueuedConnection);
-        QTRY_VERIFY(window()->findChild<QPlainTextEdit *>()->isVisible());
+        QTRY_VERIFY(window()->findChild<QTextEdit *>()->isVisible());
         // After further iterations, the one that lays out and paints the text is certainly over.
         const int turns = meter.turns();
         QTRY_VERIFY(meter.turns() > turns + 3);
