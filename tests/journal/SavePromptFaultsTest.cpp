@@ -78,9 +78,9 @@ private slots:
         QFETCH(const QString, reason);
         (*m_state)->setFolderPath(m_place->filePath(u"Journal"_s));
         {
-            const FileFaults faults(
-                m_place->path().toStdString(),
-                [=](const FileCall &call) { return call.name == "mkdir" ? error : 0; });
+            const FileFaults faults(m_place->path().toStdString(), [=](const FileCall &call) {
+                return call.name == "mkdir" ? error : 0;
+            });
             save();
         }
         QCOMPARE(m_desktop->alerts.size(), 1);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/kernel/BootTimeTimers.h"
 
-#include <QElapsedTimer>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QMenu>
 #include <QTest>
 

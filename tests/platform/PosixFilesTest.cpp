@@ -232,7 +232,8 @@ private slots:
         QVERIFY(!PosixFiles().ensureDirectory(path(u"a/b"_s)));
         umask(before);
         for (const QString &made : {path(u"a"_s), path(u"a/b"_s)}) {
-            struct stat status{};
+            struct stat status {
+            };
             QCOMPARE(stat(QFile::encodeName(made).constData(), &status), 0);
             QCOMPARE(status.st_mode & 0777U, 0750U);
         }

@@ -40,7 +40,8 @@ private slots:
         for (const QLabel *const label : window()->findChildren<QLabel *>()) {
             shown.append(label->text());
         }
-        QCOMPARE(shown, (QStringList{window()->windowTitle(), u"Ctrl+↵ to save · esc to cancel"_s}));
+        QCOMPARE(shown,
+                 (QStringList{window()->windowTitle(), u"Ctrl+↵ to save · esc to cancel"_s}));
     }
 
     void sound_comesBeforeTheCard()

@@ -6,10 +6,10 @@
 #include "updates/UpdateWindow.h"
 
 #include <QLabel>
-#include <QTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
+#include <QTextEdit>
 
 using namespace Qt::StringLiterals;
 
