@@ -182,6 +182,7 @@ void measure(Note &note, Costs &costs)
 double median(const std::vector<Cost> &costs, double Cost::*part)
 {
     std::vector<double> values;
+    values.reserve(costs.size());
     for (const Cost &cost : costs) {
         values.push_back(cost.*part);
     }
