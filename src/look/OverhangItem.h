@@ -17,7 +17,8 @@ public:
     [[nodiscard]] QSize maximumSize() const override;
     [[nodiscard]] int heightForWidth(int width) const override;
     [[nodiscard]] int minimumHeightForWidth(int width) const override;
-    /// Places the widget without its overhang at the left of @p place, centred vertically.
+    /// Places the widget without its overhang at the edge of @p place where texts start, centred
+    /// vertically.
     void setGeometry(const QRect &place) override;
     [[nodiscard]] QRect geometry() const override;
 
