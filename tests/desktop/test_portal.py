@@ -81,6 +81,8 @@ class PortalTest(DesktopCase):
         *_, request = self.wait_for_request(2)
         press_keys("Escape")
         wait_for(lambda: request.is_closed, "the session to be let go with the card")
+        self.item.click("Quit")
+        self.assertEqual(self.tovla.wait_for_end(), 0)
 
     def test_session_manager_is_asked_rather_than_the_portal(self):
         manager = SessionManager()

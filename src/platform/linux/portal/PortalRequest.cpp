@@ -90,7 +90,8 @@ void PortalRequest::responseReceived(const QDBusMessage &message)
 void PortalRequest::close()
 {
     m_isClosed = true;
-    disconnect();
+    // Not disconnect(), which would also keep the bus from learning that this object is destroyed.
+    blockSignals(true);
     // The portal does not know the path before it has accepted the request; requestAnswered() then
     // closes it.
     if (m_isAccepted) {
