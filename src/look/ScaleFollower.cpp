@@ -25,13 +25,20 @@ ScaleFollower::ScaleFollower(QWidget &window, Windows &windows, std::function<vo
 void ScaleFollower::watch(const QScreen *screen) const
 {
     // The geometry is in logical pixels, so it changes with the scale.
-    connect(screen, &QScreen::geometryChanged, this, &ScaleFollower::check, Qt::QueuedConnection);
+    for (const auto changed : {&QScreen::geometryChanged, &QScreen::availableGeometryChanged}) {
+        connect(screen, changed, this, &ScaleFollower::check, Qt::QueuedConnection);
+    }
 }
 
 bool ScaleFollower::eventFilter(QObject *, QEvent *event)
 {
     if (event->type() == QEvent::Show) {
         remember();
+        m_hasFollowed = m_mustBePlaced;
+    } else if (event->type() == QEvent::Paint && std::exchange(m_mustBePlaced, false)) {
+        QMetaObject::invokeMethod(this, m_place, Qt::QueuedConnection);
+    } else if (event->type() == QEvent::MouseButtonPress) {
+        m_hasFollowed = false; // the user may be about to move it
     }
     return false;
 }
@@ -47,14 +54,21 @@ void ScaleFollower::check()
     const bool hasMoved = m_screen != m_window.screen();
     const bool isScaled = !qFuzzyCompare(m_ratio, m_window.devicePixelRatioF());
     remember();
-    if (m_window.isVisible() && !hasMoved && isScaled) {
+    if (!m_window.isVisible() || hasMoved) {
+        return;
+    }
+    if (isScaled) {
         showAgain();
+    } else if (m_hasFollowed) {
+        m_place(); // the screen's size, or its panels', may come after the scale
     }
 }
 
 void ScaleFollower::showAgain()
 {
     const bool wasActive = m_window.isActiveWindow();
+    // Mutter may show it elsewhere, because it learns of the new scale at another moment.
+    m_mustBePlaced = true;
     m_window.hide();
     m_place();
     if (wasActive) {

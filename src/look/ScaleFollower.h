@@ -18,7 +18,7 @@ class ScaleFollower final : public QObject
 
 public:
     /// @p window owns this, and @p windows must outlive it. @p place is called while the window is
-    /// hidden.
+    /// hidden, and again when it is shown.
     ScaleFollower(QWidget &window, Windows &windows, std::function<void()> place);
 
 protected:
@@ -36,4 +36,8 @@ private:
     /// Where the window was, and at which scale, when that was last looked at.
     QPointer<QScreen> m_screen;
     qreal m_ratio = 1;
+    /// Whether it was shown again at a new scale and not painted since.
+    bool m_mustBePlaced = false;
+    /// Whether it was shown again at a new scale, and neither closed nor clicked since.
+    bool m_hasFollowed = false;
 };

@@ -5,6 +5,7 @@ import sys
 from logout_check import LogoutCheck
 from ready import open_desktop
 from report import Report, version_of
+from scale_checks import ScaleChecks
 from tray_checks import TrayChecks
 from window_checks import WindowChecks
 
@@ -22,6 +23,7 @@ def main(name):
                            release(), f"Tovla {version_of('tovla')}"])
     TrayChecks(desktop, report).run()
     WindowChecks(desktop, report).run()
+    ScaleChecks(desktop, report).run()
     LogoutCheck(desktop, report).run()
     report.write()
     return 1 if report.failures() else 0

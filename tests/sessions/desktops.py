@@ -1,11 +1,14 @@
 # SPDX-License-Identifier: MIT
 """How each desktop is observed, driven and configured, and which text editor it uses."""
+import subprocess
+from collections.abc import Callable
 from dataclasses import dataclass, field
 
 from gnome_screen import GnomeScreen
 from gnome_windows import GnomeWindows
 from kwin_windows import KWinWindows
 from own_windows import WithOwnWindows
+from report import NotRun
 from sway_windows import SwayWindows
 from x11_screen import X11Screen
 from x11_windows import X11Windows
@@ -45,10 +48,20 @@ class Desktop:
     display: str = "X11"  # the display system that Tovla uses there
     log_out: list | None = None  # None if there is no session manager
     asks_before_log_out: bool = False
+    # The command that changes the scale of the running session, if there is one.
+    scale: Callable[[float], list] | None = None
 
     def open(self):
         self.screen = GnomeScreen() if self.gnome else X11Screen()
         self.windows = GnomeWindows(self.screen) if self.gnome else self.make_windows()
+
+    def set_scale(self, factor):
+        if self.gnome:
+            self.screen.set_scale(factor)
+        elif self.scale:
+            subprocess.run(self.scale(factor), check=True, stdout=subprocess.DEVNULL)
+        else:
+            raise NotRun("no command changes the scale of the running session")
 
 
 def _call(service, path, method, *arguments):
@@ -61,11 +74,11 @@ def _gnome(**options):
                    log_out=["gnome-session-quit", "--logout", "--no-prompt"], **options)
 
 
-def _plasma(package):
+def _plasma(package, **options):
     return Desktop(package, "plasmashell", ["kwrite", TEXT], make_windows=KWinWindows,
                    log_out=_call("org.kde.Shutdown", "/Shutdown", "org.kde.Shutdown.logout"),
                    light=[["plasma-apply-colorscheme", "BreezeLight"]],
-                   dark=[["plasma-apply-colorscheme", "BreezeDark"]])
+                   dark=[["plasma-apply-colorscheme", "BreezeDark"]], **options)
 
 
 def _mate(**options):
@@ -81,7 +94,8 @@ DESKTOPS = {
                     light=_xfce("Adwaita") + LIGHT,
                     log_out=["xfce4-session-logout", "--logout"],
                     dark=_xfce("Adwaita-dark") + DARK),
-    "plasma-wayland": _plasma("plasma-workspace"),
+    "plasma-wayland": _plasma("plasma-workspace", scale=lambda factor: [
+        "kscreen-doctor", f"output.1.scale.{factor}"]),
     "plasma-x11": _plasma("plasma-workspace"),
     "gnome": _gnome(),
     "gnome-plain": _gnome(tray=False),
@@ -92,8 +106,11 @@ DESKTOPS = {
     "lxqt": Desktop("lxqt-panel", "lxqt-panel", ["featherpad", TEXT],
                     log_out=_call("org.lxqt.session", "/LXQtSession", "org.lxqt.session.logout")),
     "sway": Desktop("sway", "waybar", ["foot"], display="Wayland",
+                    scale=lambda factor: ["swaymsg", "output", "X11-1", "scale", str(factor)],
                     make_windows=lambda: WithOwnWindows(SwayWindows())),
     "labwc": Desktop("labwc", "waybar", ["xterm"],
                      display="Wayland",
+                     scale=lambda factor: ["wlr-randr", "--output", "X11-1", "--scale",
+                                           str(factor)],
                      make_windows=lambda: WithOwnWindows(X11Windows())),
 }

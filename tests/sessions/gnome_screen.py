@@ -8,6 +8,8 @@ import tempfile
 import dbus
 from PIL import Image
 
+from report import NotRun
+
 DEVICES = """
 const Clutter = imports.gi.Clutter;
 const seat = Clutter.get_default_backend().get_default_seat();
@@ -60,6 +62,21 @@ class GnomeScreen:
     def type(self, text):
         for letter in text:
             self.press(letter)
+
+    def set_scale(self, factor):
+        display = dbus.Interface(
+            self.bus.get_object("org.gnome.Mutter.DisplayConfig", "/org/gnome/Mutter/DisplayConfig",
+                                introspect=False), "org.gnome.Mutter.DisplayConfig")
+        serial, [(names, modes, _)], _, _ = display.GetCurrentState()
+        mode = next(mode for mode in modes if mode[6].get("is-current"))
+        scale = min(mode[5], key=lambda offered: abs(offered - factor))
+        if abs(scale - factor) > 0.05:
+            raise NotRun(f"this screen offers no such scale: {[round(each, 2) for each in mode[5]]}")
+        only = dbus.Struct((0, 0, scale, dbus.UInt32(0), True, [(names[0], mode[0], {})]),
+                           signature="iiduba(ssa{sv})")
+        temporarily = dbus.UInt32(1)
+        display.ApplyMonitorsConfig(serial, temporarily, dbus.Array([only], "(iiduba(ssa{sv}))"),
+                                    dbus.Dictionary({}, "sv"))
 
     def _notify(self, value, state):
         self.evaluate(f"{DEVICES} global.tovlaKeys.notify_keyval(now(), {value}, "
