@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QLayout>
 #include <QScreen>
 
 #include <algorithm>
@@ -51,6 +52,8 @@ bool TightScrollArea::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == widget() && event->type() == QEvent::LayoutRequest) {
         updateGeometry();
+        // At once: otherwise the content would be too high for a moment and show a scroll bar.
+        parentWidget()->layout()->activate();
     }
     return QScrollArea::eventFilter(watched, event);
 }

@@ -10,6 +10,23 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+namespace
+{
+/// Counts how often a widget is shown.
+class Shows final : public QObject
+{
+public:
+    int count = 0;
+
+private:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::Show ? 1 : 0;
+        return false;
+    }
+};
+} // namespace
+
 class TightScrollAreaTest final : public QObject
 {
     Q_OBJECT
@@ -38,6 +55,17 @@ private slots:
         QVERIFY(!m_area->verticalScrollBar()->isVisible());
         addFields(1);
         QTRY_COMPARE(m_window->size(), m_content->sizeHint());
+    }
+
+    void growingContent_showsNoBar()
+    {
+        addFields(3);
+        show();
+        Shows shows;
+        m_area->verticalScrollBar()->installEventFilter(&shows);
+        addFields(1);
+        QTRY_COMPARE(m_window->size(), m_content->sizeHint());
+        QCOMPARE(shows.count, 0);
     }
 
     void longContent_fitsTheScreen_andScrolls()
