@@ -9,7 +9,6 @@
 #include "look/Look.h"
 #include "look/OverhangItem.h"
 #include "look/Screens.h"
-#include "look/Translucency.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -188,9 +187,5 @@ void AlertWindow::mousePressEvent(QMouseEvent *event)
 
 void AlertWindow::paintEvent(QPaintEvent *)
 {
-    QPainter painter(this);
-    Translucency::clear(painter, rect());
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(frameShape(), palette().color(QPalette::Window));
-    paintEdge(painter, m_look);
+    paintBackdrop(palette().color(QPalette::Window), m_look);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "look/FloatingShadow.h"
 
+#include "look/ExtendedPicture.h"
 #include "look/Look.h"
 #include "look/Shadow.h"
 #include "look/Squircle.h"
@@ -20,11 +21,21 @@ void fillRing(QPainter &painter, const QRectF &outside, qreal outerRadius, const
 }
 } // namespace
 
-void FloatingShadow::paint(QPainter &painter, const QRectF &frame, qreal radius, const Look &look)
+void FloatingShadow::paint(QPainter &painter, const QRectF &frame, qreal radius, const QColor &face,
+                           const Look &look)
 {
-    Shadow{.offsetY = 12, .blur = 36, .color = atOpacity(Qt::black, look.isLight() ? 0.28 : 0.45)}
-        .paint(painter, frame, radius);
-    fillRing(painter, frame.adjusted(-1, -1, 1, 1), radius + 1, look.shadowRim);
+    const Shadow shadow{
+        .offsetY = 12, .blur = 36, .color = atOpacity(Qt::black, look.isLight() ? 0.28 : 0.45)};
+    const QString name = QStringLiteral("frame %1 %2 %3 %4")
+                             .arg(shadow.color.name(QColor::HexArgb))
+                             .arg(look.shadowRim.name(QColor::HexArgb))
+                             .arg(face.name(QColor::HexArgb))
+                             .arg(radius);
+    ExtendedPicture{.name = name, .around = shadow.margins(), .end = shadow.end(radius)}.paint(
+        painter, frame, [&](QPainter &picture, const QRectF &small) {
+            shadow.draw(picture, small, radius, face);
+            fillRing(picture, small.adjusted(-1, -1, 1, 1), radius + 1, look.shadowRim);
+        });
 }
 
 void FloatingShadow::paintRoundRim(QPainter &painter, const QRectF &frame, qreal radius,
@@ -36,6 +47,7 @@ void FloatingShadow::paintRoundRim(QPainter &painter, const QRectF &frame, qreal
 
 void FloatingShadow::paintRim(QPainter &painter, const QRectF &frame, const Rim &rim)
 {
+    painter.setRenderHint(QPainter::Antialiasing); // or translucent corners are drawn twice
     const auto draw = [&painter](const QRectF &edge, const QColor &color) {
         painter.setPen(color);
         painter.setBrush(Qt::NoBrush);

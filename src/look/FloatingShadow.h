@@ -4,6 +4,7 @@
 #include <QMargins>
 #include <QRectF>
 
+class QColor;
 class QPainter;
 struct Look;
 struct Rim;
@@ -14,8 +15,9 @@ namespace FloatingShadow
 /// How far the shadow is visible beyond each edge of the frame, in logical pixels.
 inline constexpr QMargins margins{54, 42, 54, 66};
 
-/// Draws a soft shadow and a hairline around @p frame, and nothing inside it.
-void paint(QPainter &painter, const QRectF &frame, qreal radius, const Look &look);
+/// Fills @p frame with @p face and draws a soft shadow and a hairline around it.
+void paint(QPainter &painter, const QRectF &frame, qreal radius, const QColor &face,
+           const Look &look);
 /// Draw a rim just inside @p frame: with round corners for composited windows, else with square
 /// ones.
 void paintRoundRim(QPainter &painter, const QRectF &frame, qreal radius, const Rim &rim);

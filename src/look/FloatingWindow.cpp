@@ -8,6 +8,7 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QPainter>
 #include <QPainterPath>
 #include <QScreen>
 #include <QWindow>
@@ -51,13 +52,6 @@ FloatingWindow::FloatingWindow(const Desktop &desktop, qreal cornerRadius, Qt::W
     new ScaleFollower(*this, *m_desktop.windows, [this] { moveToOpeningPlace(); });
 }
 
-QPainterPath FloatingWindow::frameShape() const
-{
-    QPainterPath square;
-    square.addRect(frame());
-    return m_behind == Behind::Opaque ? square : squirclePath(frame(), m_cornerRadius);
-}
-
 void FloatingWindow::setFrameSize(const QSize &size)
 {
     setFixedSize(size.grownBy(m_shadowMargins));
@@ -70,12 +64,18 @@ void FloatingWindow::moveToOpeningPlace()
                                  - QPoint(m_shadowMargins.left(), m_shadowMargins.top()));
 }
 
-void FloatingWindow::paintEdge(QPainter &painter, const Look &look) const
+void FloatingWindow::paintBackdrop(const QColor &face, const Look &look)
 {
+    QPainter painter(this);
+    // Replaces whatever the window showed: there is nothing to blend with, and copying is cheaper.
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
     if (m_behind == Behind::Opaque) {
+        painter.fillRect(frame(), face);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         FloatingShadow::paintRim(painter, frame(), look.rim);
     } else {
-        FloatingShadow::paint(painter, frame(), m_cornerRadius, look);
+        painter.fillRect(rect(), Qt::transparent); // at odd scales, the picture may end before it
+        FloatingShadow::paint(painter, frame(), m_cornerRadius, face, look);
     }
 }
 
@@ -128,10 +128,10 @@ void FloatingWindow::announceShape()
     }
     m_desktop.windows->setShadow(*this, m_shadowMargins);
     // Only the area inside the round corners, to leave the area outside them unblurred.
-    m_desktop.windows->setBlurBehind(*this,
-                                     m_behind == Behind::Blurred
-                                         ? QRegion(frameShape().toFillPolygon().toPolygon())
-                                         : QRegion());
+    const auto roundFrame = [this] {
+        return QRegion(squirclePath(frame(), m_cornerRadius).toFillPolygon().toPolygon());
+    };
+    m_desktop.windows->setBlurBehind(*this, m_behind == Behind::Blurred ? roundFrame() : QRegion());
 }
 
 bool FloatingWindow::event(QEvent *event)

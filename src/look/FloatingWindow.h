@@ -5,8 +5,6 @@
 
 #include <QWidget>
 
-class QPainterPath;
-
 struct Look;
 
 /// A window that draws its own frame: with a compositor, the frame has round corners and a shadow,
@@ -32,13 +30,13 @@ protected:
     [[nodiscard]] Behind behind() const { return m_behind; }
     /// The frame in window coordinates.
     [[nodiscard]] QRect frame() const { return rect().marginsRemoved(m_shadowMargins); }
-    [[nodiscard]] QPainterPath frameShape() const;
     void setFrameSize(const QSize &size);
     /// The position on the screen at which a frame of @p size would open now.
     [[nodiscard]] virtual QPoint openingPlace(const QSize &size) const = 0;
     void moveToOpeningPlace();
-    /// Draws the shadow around the frame or, without a compositor, a rim inside it.
-    void paintEdge(QPainter &painter, const Look &look) const;
+    /// Fills the frame with @p face and draws the shadow around it or, without a compositor, a rim
+    /// inside it.
+    void paintBackdrop(const QColor &face, const Look &look);
 
     bool event(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;

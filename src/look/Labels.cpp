@@ -9,6 +9,9 @@
 #include <QPainter>
 #include <QStyle>
 #include <QToolTip>
+#include <QtMath>
+
+#include <utility>
 
 namespace
 {
@@ -42,9 +45,16 @@ ElidedLabel::ElidedLabel(const QFont &font, QPalette::ColorRole role, QWidget *p
     setUp(*this, font, role);
 }
 
+// QLabel's would lay the text out as paragraphs, which takes several times longer.
+QSize ElidedLabel::sizeHint() const
+{
+    const QFontMetricsF metrics(font());
+    return {qCeil(metrics.horizontalAdvance(text().simplified())), qCeil(metrics.height())};
+}
+
 QSize ElidedLabel::minimumSizeHint() const
 {
-    return {0, QLabel::minimumSizeHint().height()};
+    return {0, qCeil(QFontMetricsF(font()).height())};
 }
 
 QString ElidedLabel::shownText() const
@@ -74,12 +84,41 @@ bool ElidedLabel::event(QEvent *event)
     return true;
 }
 
-void ElidedLabel::paintEvent(QPaintEvent *)
+void ElidedLabel::layOut()
 {
-    QPainter painter(this);
-    painter.setPen(palette().color(foregroundRole()));
+    Basis basis{.text = text(), .font = font(), .width = width()};
+    if (basis == m_basis) {
+        return;
+    }
+    m_basis = std::move(basis);
+    setShown(text().simplified());
+    if (m_layout.lineAt(0).naturalTextWidth() > width()) {
+        setShown(shownText());
+    }
+}
+
+void ElidedLabel::setShown(const QString &text)
+{
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
     // The text has its own direction: a path starts with its slash where the window is mirrored
     // too.
-    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
-    painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine, shownText());
+    option.setTextDirection(Qt::LayoutDirectionAuto);
+    option.setAlignment(alignment());
+    m_layout.setCacheEnabled(true);
+    m_layout.setText(text);
+    m_layout.setFont(font());
+    m_layout.setTextOption(option);
+    m_layout.beginLayout();
+    m_layout.createLine().setLineWidth(width());
+    m_layout.endLayout();
+}
+
+void ElidedLabel::paintEvent(QPaintEvent *)
+{
+    layOut();
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    const QTextLine line = m_layout.lineAt(0);
+    m_layout.draw(&painter, QPointF(0, (height() - line.ascent() - line.descent()) / 2));
 }

@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QLabel>
 #include <QPalette>
+#include <QTextLayout>
 
 /// Texts in our windows.
 namespace Labels
@@ -26,6 +27,7 @@ class ElidedLabel final : public QLabel
 public:
     ElidedLabel(const QFont &font, QPalette::ColorRole role, QWidget *parent);
 
+    [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
     /// Whether part of the text is left out.
     [[nodiscard]] bool isElided() const;
@@ -35,5 +37,20 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    /// What the layout depends on.
+    struct Basis {
+        QString text;
+        QFont font;
+        int width = -1;
+
+        bool operator==(const Basis &) const = default;
+    };
+
     [[nodiscard]] QString shownText() const;
+    void layOut();
+    void setShown(const QString &text);
+
+    Basis m_basis;
+    /// Kept, because shaping a text takes far longer than drawing it.
+    QTextLayout m_layout;
 };

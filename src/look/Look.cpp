@@ -136,3 +136,13 @@ QColor atOpacity(QColor color, double opacity)
     color.setAlphaF(color.alphaF() * static_cast<float>(opacity));
     return color;
 }
+
+QColor layered(const QColor &top, const QColor &base)
+{
+    const float below = base.alphaF() * (1 - top.alphaF());
+    const float alpha = top.alphaF() + below;
+    if (alpha <= 0) {
+        return Qt::transparent;
+    }
+    return atOpacity(mixed(top, top.alphaF() / alpha, base), alpha);
+}

@@ -85,3 +85,6 @@ inline const Tint green{QColor(0x34C759), QColor(0x30D158)};
 
 /// A mixture of @p fraction of @p color and the rest of @p base.
 [[nodiscard]] QColor mixed(const QColor &color, qreal fraction, const QColor &base);
+
+/// The colour that @p top gives when it is painted over @p base.
+[[nodiscard]] QColor layered(const QColor &top, const QColor &base);

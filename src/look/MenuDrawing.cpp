@@ -4,7 +4,6 @@
 #include "look/FloatingShadow.h"
 #include "look/Look.h"
 #include "look/Squircle.h"
-#include "look/Translucency.h"
 
 #include <QComboBox>
 #include <QPainter>
@@ -56,7 +55,11 @@ void MenuDrawing::drawPanel(QPainter &painter, const QStyleOption &option, const
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     if (widget != nullptr && widget->window()->testAttribute(Qt::WA_TranslucentBackground)) {
-        Translucency::clear(painter, option.rect);
+        // The toolkit should do this before each painting, but since Qt 6.8 it does not always on
+        // Wayland.
+        painter.setCompositionMode(QPainter::CompositionMode_Clear);
+        painter.fillRect(option.rect, Qt::transparent);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         painter.fillPath(squirclePath(rect, menuRadius), face);
         FloatingShadow::paintRoundRim(painter, rect, menuRadius, rim);
     } else {

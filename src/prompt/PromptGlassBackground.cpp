@@ -3,36 +3,23 @@
 
 #include "look/Look.h"
 
-#include <QPainter>
-#include <QPainterPath>
-
 using Behind = FloatingWindow::Behind;
 
-void PromptGlassBackground::paint(QPainter &painter, const QPainterPath &shape, Behind behind) const
+QColor PromptGlassBackground::color(Behind behind) const
 {
-    painter.setRenderHint(QPainter::Antialiasing);
-    if (behind == Behind::Opaque) {
-        paintMaterial(painter, shape);
-    } else {
-        paintGlass(painter, shape, behind);
-    }
+    return behind == Behind::Opaque ? material() : glass(behind);
 }
 
-void PromptGlassBackground::paintGlass(QPainter &painter, const QPainterPath &shape,
-                                       Behind behind) const
+QColor PromptGlassBackground::glass(Behind behind) const
 {
-    const QColor glass = isLight() ? QColor(0xF6F6F6) : QColor(0x28282A);
-    painter.fillPath(shape, atOpacity(glass, behind == Behind::Blurred ? 0.82 : 0.90));
-    if (isLight()) {
-        painter.fillPath(shape, atOpacity(Qt::white, 0.08));
-    }
+    const QColor base = atOpacity(isLight() ? QColor(0xF6F6F6) : QColor(0x28282A),
+                                  behind == Behind::Blurred ? 0.82 : 0.90);
+    return isLight() ? layered(atOpacity(Qt::white, 0.08), base) : base;
 }
 
-void PromptGlassBackground::paintMaterial(QPainter &painter, const QPainterPath &shape) const
+QColor PromptGlassBackground::material() const
 {
-    painter.fillPath(shape, isLight() ? QColor(0xECECEC) : QColor(0x28282A));
-    painter.fillPath(shape, atOpacity(isLight() ? QColor(0xF6F6F6) : QColor(0x3A3A3C), 0.52));
-    if (isLight()) {
-        painter.fillPath(shape, atOpacity(Qt::white, 0.06));
-    }
+    const QColor base = layered(atOpacity(isLight() ? QColor(0xF6F6F6) : QColor(0x3A3A3C), 0.52),
+                                isLight() ? QColor(0xECECEC) : QColor(0x28282A));
+    return isLight() ? layered(atOpacity(Qt::white, 0.06), base) : base;
 }

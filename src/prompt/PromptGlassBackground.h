@@ -15,13 +15,12 @@ public:
     {
     }
 
-    void paint(QPainter &painter, const QPainterPath &shape, FloatingWindow::Behind behind) const;
+    [[nodiscard]] QColor color(FloatingWindow::Behind behind) const;
 
 private:
-    void paintGlass(QPainter &painter, const QPainterPath &shape,
-                    FloatingWindow::Behind behind) const;
+    [[nodiscard]] QColor glass(FloatingWindow::Behind behind) const;
     /// The opaque variant.
-    void paintMaterial(QPainter &painter, const QPainterPath &shape) const;
+    [[nodiscard]] QColor material() const;
     [[nodiscard]] bool isLight() const { return m_colorScheme == ColorScheme::Light; }
 
     ColorScheme m_colorScheme;

@@ -16,7 +16,7 @@ PromptView::PromptView(PromptCallbacks callbacks, std::function<void()> onHeight
                        const Look &look, QWidget *parent)
     : QWidget(parent)
     , m_callbacks(std::move(callbacks))
-    , m_colorScheme(look.scheme)
+    , m_look(look)
     , m_box(new WritingBox(
           look,
           [this, onHeightChange = std::move(onHeightChange)] {
@@ -48,7 +48,7 @@ bool PromptView::isBlank() const
 
 void PromptView::setLook(const Look &look)
 {
-    m_colorScheme = look.scheme;
+    m_look = look;
     m_box->setLook(look);
     update();
 }
@@ -77,9 +77,9 @@ void PromptView::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     // On a dark backdrop, a shadow must be more opaque to be visible.
-    const double opacity = m_colorScheme == ColorScheme::Light ? 0.14 : 0.28;
+    const double opacity = m_look.isLight() ? 0.14 : 0.28;
     Shadow{.offsetY = 1, .blur = 3, .color = atOpacity(Qt::black, opacity)}.paint(
-        painter, m_box->geometry(), WritingBox::cornerRadius);
+        painter, m_box->geometry(), WritingBox::cornerRadius, m_look.textBackground);
 }
 
 void PromptView::addShortcuts()

@@ -63,6 +63,6 @@ private:
     void cancel();
 
     PromptCallbacks m_callbacks;
-    ColorScheme m_colorScheme;
+    Look m_look;
     WritingBox *m_box;
 };

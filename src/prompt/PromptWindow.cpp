@@ -4,14 +4,11 @@
 #include "look/Accessible.h"
 #include "look/Look.h"
 #include "look/Screens.h"
-#include "look/Translucency.h"
 #include "prompt/TitleStrip.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QInputMethod>
-#include <QPainter>
-#include <QPainterPath>
 
 #include <chrono>
 
@@ -134,10 +131,7 @@ void PromptWindow::moveEvent(QMoveEvent *)
 
 void PromptWindow::paintEvent(QPaintEvent *)
 {
-    QPainter painter(this);
-    Translucency::clear(painter, rect());
-    PromptGlassBackground(m_look.scheme).paint(painter, frameShape(), behind());
-    paintEdge(painter, m_look);
+    paintBackdrop(PromptGlassBackground(m_look.scheme).color(behind()), m_look);
 }
 
 void PromptWindow::resizeEvent(QResizeEvent *event)

@@ -2,13 +2,11 @@
 #include "prompt/WritingBox.h"
 
 #include "look/Accessible.h"
-#include "look/Squircle.h"
 #include "prompt/BareTextEditor.h"
 #include "prompt/Coordinator.h"
 #include "prompt/PromptView.h"
 
 #include <QMouseEvent>
-#include <QPainter>
 
 namespace
 {
@@ -43,9 +41,7 @@ WritingBox::WritingBox(const Look &look, std::function<void()> heightChanged, QW
 
 void WritingBox::setLook(const Look &look)
 {
-    m_background = look.textBackground;
     m_editor->setLook(look);
-    update();
 }
 
 void WritingBox::layOutEditor()
@@ -54,13 +50,6 @@ void WritingBox::layOutEditor()
     constexpr int left = boxPadding + linePadding;
     m_editor->setGeometry(left, boxPadding, PromptView::width - 2 * (PromptView::margin + left),
                           static_cast<int>(m_editorHeight - EditorHeight::chrome) + editorSlack);
-}
-
-void WritingBox::paintEvent(QPaintEvent *)
-{
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(squirclePath(rect(), cornerRadius), m_background);
 }
 
 void WritingBox::mousePressEvent(QMouseEvent *event)

@@ -10,8 +10,8 @@
 
 class BareTextEditor;
 
-/// The box that contains the note. Clips the editor while the prompt is still growing to the height
-/// of its text.
+/// The box that contains the note; its face is part of the view's background. Clips the editor
+/// while the prompt is still growing to the height of its text.
 class WritingBox final : public QWidget
 {
     Q_OBJECT
@@ -27,13 +27,11 @@ public:
     void setLook(const Look &look);
 
 protected:
-    void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
 
 private:
     void layOutEditor();
 
     double m_editorHeight = EditorHeight::minimum;
-    QColor m_background;
     BareTextEditor *m_editor;
 };

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -80,6 +81,25 @@ private slots:
         QCoreApplication::sendEvent(m_alert->findChild<QPushButton *>(), &held);
         QCOMPARE(dismissed.size(), 0);
         QVERIFY(m_alert->isVisible());
+    }
+
+    void leftButton_movesIt()
+    {
+        QTest::mousePress(m_alert, Qt::RightButton, {}, QPoint(10, 10));
+        QVERIFY(m_desktop.moved.isEmpty());
+        QTest::mousePress(m_alert, Qt::LeftButton, {}, QPoint(10, 10));
+        QCOMPARE(m_desktop.moved.size(), 1);
+        QCOMPARE(m_desktop.moved.constFirst(), m_alert);
+    }
+
+    void withoutAWindowBelow_itIsCentred()
+    {
+        m_over->hide();
+        AlertWindow alert(m_capabilities, u"Journal"_s, u"Could not save entry"_s, m_over.get());
+        alert.show();
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        const QPoint distance = alert.geometry().center() - screen.center();
+        QVERIFY(distance.manhattanLength() <= 2);
     }
 
 private:

@@ -17,7 +17,7 @@ QImage drawn(const QSize &size, qreal ratio)
     image.fill(Qt::transparent);
     QPainter painter(&image);
     Shadow{.offsetY = 12, .blur = 36, .color = QColor(0, 0, 0, 72)}.paint(
-        painter, QRectF(QPointF(margin, margin), size), 18);
+        painter, QRectF(QPointF(margin, margin), size), 18, Qt::transparent);
     return image;
 }
 } // namespace
