@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include "support/FileSizeLimit.h"
 #include "support/SaveFixture.h"
 
 #include <cerrno>
 #include <sys/wait.h>
 #include <unistd.h>
 
-/// Each call on a file that a save makes fails once, or is the last before the program is killed.
+/// Each call on a file that a save makes fails once, or is the last before the program is killed,
+/// and the disk is full at each byte.
 class SavePromptAnyCallTest final : public SaveFixture
 {
     Q_OBJECT
@@ -84,6 +86,35 @@ private slots:
             QVERIFY(left == noFile || day().startsWith(left));
             QVERIFY(day().endsWith(entry));
             QVERIFY(m_desktop->alerts.isEmpty());
+        }
+    }
+
+    void diskFullAtAnyByte_data() { killedAtAnyCall_data(); }
+    /// Wherever the disk becomes full, an alert says so, and the next note is saved once there is
+    /// room again.
+    void diskFullAtAnyByte()
+    {
+        QFETCH(const bool, isThere);
+        const QByteArray before = isThere ? m_earlier : QByteArray();
+        const qsizetype needed = expectedDay(isThere).size();
+        for (qsizetype room = before.size(); room <= needed; ++room) {
+            prepare(isThere);
+            const qsizetype alerts = m_desktop->alerts.size();
+            {
+                const FileSizeLimit limit(static_cast<rlim_t>(room));
+                save();
+            }
+            const bool fits = room == needed;
+            QCOMPARE(m_desktop->alerts.size(), alerts + (fits ? 0 : 1));
+            // A new file is there as a whole or not at all.
+            QCOMPARE(names(), isThere || fits ? QStringList{dayName()} : QStringList());
+            const QByteArray left = isThere || fits ? day() : QByteArray();
+            QCOMPARE(left, expectedDay(isThere).first(left.size()));
+            QVERIFY(left.startsWith(before));
+            save();
+            QVERIFY(day().startsWith(left));
+            QVERIFY(day().endsWith('\n' + entry));
+            QCOMPARE(m_desktop->alerts.size(), alerts + (fits ? 0 : 1));
         }
     }
 

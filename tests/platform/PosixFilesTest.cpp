@@ -59,7 +59,6 @@ class PosixFilesTest final : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { std::signal(SIGXFSZ, SIG_IGN); }
     void init() { m_place = std::make_unique<QTemporaryDir>(); }
 
     void newFile_isWhole_withTheUsersMask()

@@ -8,8 +8,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <csignal>
-
 using namespace Qt::StringLiterals;
 
 class PreferencesFileTest final : public QObject
@@ -17,7 +15,6 @@ class PreferencesFileTest final : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { std::signal(SIGXFSZ, SIG_IGN); }
     void init() { m_place = std::make_unique<QTemporaryDir>(); }
 
     void leadingInteger_data()
