@@ -112,11 +112,11 @@ class Desktop:
     def journal(self):
         return self.home / "Journal"
 
-    def start_tovla(self, *arguments, **environment):
+    def start_tovla(self, *arguments, launcher=(), **environment):
         # Not a pipe: the program would wait for somebody to read it once it is full.
         complaints = self.home / f"stderr-{len(self.processes)}"
         with complaints.open("wb") as stderr:
-            program = self.start(os.environ["TOVLA"], *arguments, stderr=stderr,
+            program = self.start(*launcher, os.environ["TOVLA"], *arguments, stderr=stderr,
                                  env={**os.environ, **environment})
         self.tovlas.append(program)
         return Tovla(program, complaints, self)

@@ -23,6 +23,9 @@ LONGEST_TIMER_SECONDS = 30
 PATIENCE_SECONDS = 300
 PROMPTS = 100
 KIB_OF_GROWTH = 1024
+# Runs a program as a user who may watch no files.
+WITHOUT_INOTIFY = ("unshare", "--map-current-user", "--keep-caps", "sh", "-c",
+                   'echo 0 >/proc/sys/user/max_inotify_instances && exec "$@"', "sh")
 
 
 @unittest.skipIf(is_sanitized(), "the address sanitizer works of its own and keeps what is freed")
@@ -82,6 +85,20 @@ class IdleTest(DesktopCase):
 
     def test_after_start_nothing_happens(self):
         self.assert_nothing_happens_in_a_minute()
+
+    def test_where_no_file_can_be_watched_nothing_polls(self):
+        if subprocess.run([*WITHOUT_INOTIFY, "true"], stderr=subprocess.DEVNULL).returncode:
+            self.skipTest("user namespaces are not permitted")
+        self.desktop.stop_tovlas()
+        self.tovla = self.desktop.start_tovla(launcher=WITHOUT_INOTIFY)
+        self.tovla.wait_for_tray_item()
+        self.pid = self.tovla.process.pid
+        self.assertNotIn("inotify", self.open_files())
+        self.wait_until_toolkit_is_quiet(self.watch())
+
+    def open_files(self):
+        links = Path(f"/proc/{self.pid}/fd").iterdir()
+        return " ".join(os.readlink(link) for link in links)
 
     def test_after_a_prompt_nothing_happens(self):
         self.open_and_close_prompt()
