@@ -2,6 +2,7 @@
 """A prompt, from the tray to the day file."""
 import re
 import signal
+import subprocess
 import unittest
 from pathlib import Path
 
@@ -154,6 +155,26 @@ class PromptTest(DesktopCase):
         _, _, width, height = geometry_of(title)
         self.assertEqual(width - left - right, 560)
         self.assertIn(height - above - below, range(104, 373))
+
+    def test_compositor_that_blurs_is_given_the_round_frame(self):
+        """KWin sets this property on the root window while it can blur."""
+        blur = "_KDE_NET_WM_BLUR_BEHIND_REGION"
+        subprocess.run(["xprop", "-root", "-f", blur, "32c", "-set", blur, "0"], check=True)
+        self.addCleanup(subprocess.run, ["xprop", "-root", "-remove", blur], check=True)
+        self.start()
+        self.open_prompt()
+        (title,) = self.prompt_titles()
+        numbers = [int(number) for number in
+                   output("xprop", "-name", title, blur).split("=")[1].split(",")]
+        strips = [numbers[start:start + 4] for start in range(0, len(numbers), 4)]
+        left, right, above, below = shadow_of(title)
+        _, _, width, height = geometry_of(title)
+        self.assertEqual(min(x for x, _, _, _ in strips), left)
+        self.assertEqual(max(x + wide for x, _, wide, _ in strips), width - right)
+        self.assertEqual(min(y for _, y, _, _ in strips), above)
+        self.assertEqual(max(y + high for _, y, _, high in strips), height - below)
+        # The corners are left out.
+        self.assertGreater(min(strips, key=lambda strip: strip[1])[0], left)
 
     def test_compositor_that_ends_and_starts_is_noticed(self):
         if not self.desktop.compositor:

@@ -47,6 +47,15 @@ private slots:
         QCOMPARE(ActivationToken::unused(), u"launcher/2"_s);
     }
 
+    void aRequestToOpenFilesIsOneForTheProgram()
+    {
+        BusRunningCopy copy;
+        const QSignalSpy activated(&copy, &RunningCopy::activated);
+        copy.Open({u"file:///tmp/notes.md"_s}, {{u"activation-token"_s, u"launcher/4"_s}});
+        QCOMPARE(activated.size(), 1);
+        QCOMPARE(ActivationToken::unused(), u"launcher/4"_s);
+    }
+
     void aRequestWithoutATokenLeavesTheOneThatIsThere()
     {
         BusRunningCopy copy;

@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QComboBox>
+#include <QWheelEvent>
 
 class FrequencyControlTest final : public SettingsFixture
 {
@@ -122,6 +123,31 @@ private slots:
         QTest::keyClick(stepper, Qt::Key_Up);
         QCOMPARE((*m_state)->intervalMinutes(), 65);
         QTest::keyClick(stepper, Qt::Key_Down);
+        QCOMPARE((*m_state)->intervalMinutes(), 60);
+    }
+
+    void stepper_turnsWithTheWheel_whileItHasTheFocus()
+    {
+        QWidget *const stepper = named<QAbstractButton>(QLatin1String("Increase"))->parentWidget();
+        // Returns whether the stepper took the turn. A notch is 120 (QWheelEvent::angleDelta()).
+        const auto turn = [stepper](int angle) {
+            const QPointF centre = stepper->rect().center();
+            QWheelEvent event(centre, stepper->mapToGlobal(centre), {}, {0, angle}, Qt::NoButton,
+                              Qt::NoModifier, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(stepper, &event);
+            return event.isAccepted();
+        };
+        number()->setFocus();
+        QVERIFY(!turn(120)); // scrolls the window instead, if that can scroll
+        QCOMPARE((*m_state)->intervalMinutes(), 60);
+        stepper->setFocus();
+        QVERIFY(turn(120));
+        QCOMPARE((*m_state)->intervalMinutes(), 65);
+        turn(-240);
+        QCOMPARE((*m_state)->intervalMinutes(), 55);
+        turn(60); // a finer wheel's
+        QCOMPARE((*m_state)->intervalMinutes(), 55);
+        turn(60);
         QCOMPARE((*m_state)->intervalMinutes(), 60);
     }
 
