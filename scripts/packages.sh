@@ -12,7 +12,7 @@ virtual_desktop_packages="xvfb openbox picom dbus dbus-daemon xfce4-panel xdotoo
     hsetroot x11-utils fonts-inter"
 test_packages="$virtual_desktop_packages at-spi2-core gir1.2-atspi-2.0 python3-dbus python3-gi
     python3-numpy libglib2.0-bin xterm tint2 x11-xserver-utils libfaketime strace fonts-dejavu-core pulseaudio
-    pulseaudio-utils bindfs python3-xlib ibus ibus-hangul fcitx5 fcitx5-hangul
+    pulseaudio-utils bindfs fuse3 libfuse3-dev python3-xlib ibus ibus-hangul fcitx5 fcitx5-hangul
     fcitx5-frontend-qt6 orca speech-dispatcher"
 check_packages="clang clang-format clang-tidy libclang-rt-dev valgrind shellcheck"
 package_packages="dpkg-dev file git"

@@ -20,7 +20,7 @@ could_run() {
         *"not built on this release"*) return 1 ;; # the library is missing from it
         *"pictures are those of Debian 12"*) return 1 ;; # other releases draw letters differently
         *"address sanitizer"*) return 1 ;; # never with it, always without it
-        *bindfs*) [ -w /dev/fuse ] ;;
+        *"file system in user space"* | *bindfs*) [ -w /dev/fuse ] ;;
         # The kernel refuses them in a changed root (user_namespaces(7)).
         "Debian 13"*"user namespaces"*) return 1 ;;
         *"user namespaces"*) unshare --map-current-user true 2>/dev/null ;;

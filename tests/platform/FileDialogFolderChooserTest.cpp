@@ -3,6 +3,7 @@
 
 #include "support/TestDesktop.h"
 
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -37,9 +38,10 @@ private slots:
 
     void answer_isTheFolder_andTheParentComesBack()
     {
-        dialog()->setDirectory(QDir::tempPath());
+        const QTemporaryDir folder;
+        dialog()->setDirectory(folder.path());
         static_cast<QDialog *>(dialog())->accept();
-        QCOMPARE(m_chosen, QStringList{QDir::tempPath()});
+        QCOMPARE(m_chosen, QStringList{folder.path()});
         QCOMPARE(m_desktop.presented.constLast(), m_parent.get());
     }
 

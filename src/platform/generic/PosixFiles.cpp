@@ -16,6 +16,7 @@
 #include <thread>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 // These functions return an errno value, or 0 for success.
 namespace
@@ -230,6 +231,21 @@ void syncDirectory(const QByteArray &folder)
     }
 }
 
+/// Creates the missing folders of @p path, and makes their names survive a power failure too.
+int createDirectories(const std::filesystem::path &path)
+{
+    std::vector<std::filesystem::path> missing;
+    std::error_code error;
+    for (auto each = path; !each.empty() && !exists(each, error); each = each.parent_path()) {
+        missing.push_back(each);
+    }
+    create_directories(path, error);
+    for (const auto &each : missing) {
+        syncDirectory(QByteArray::fromStdString(each.parent_path()));
+    }
+    return error.value();
+}
+
 /// Fails with EEXIST if something exists at @p path.
 int create(QByteArray path, const QByteArray &bytes)
 {
@@ -276,9 +292,7 @@ Files::Failure PosixFiles::ensureDirectory(const QString &path)
     if (errno != ENOENT) {
         return failure(errno);
     }
-    std::error_code error;
-    std::filesystem::create_directories(name.toStdString(), error);
-    return failure(error.value());
+    return failure(createDirectories(name.toStdString()));
 }
 
 Files::Failure PosixFiles::appendOrCreate(const QString &path, const QByteArray &addition,
