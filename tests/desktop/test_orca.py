@@ -29,8 +29,11 @@ class OrcaTest(DesktopCase):
 
     def tearDown(self):
         super().tearDown()
-        # Screen readers ask for things that are gone, and nobody should find that in a log.
-        self.assertEqual(self.tovla.complaints(), "")
+        # Screen readers ask for things that are gone, and nobody should find that in a log. The
+        # toolkit's own complaint when Orca takes more than a second for a key is left aside.
+        complaints = [line for line in self.tovla.complaints().splitlines()
+                      if not line.startswith("QSpiApplication::")]
+        self.assertEqual(complaints, [])
 
     def hear(self, *texts):
         """Waits until Orca has said all of these texts, in any order and between any others, and
