@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # shellcheck shell=bash disable=SC2034,SC2154 # to be sourced by scripts/session
 packages="gnome-session gnome-shell xwayland gnome-text-editor gnome-shell-extension-appindicator
-    xdg-desktop-portal-gnome xdg-desktop-portal-gtk adwaita-icon-theme"
+    xdg-desktop-portal-gnome xdg-desktop-portal-gtk adwaita-icon-theme ibus"
 session_type=wayland
 desktop_names=GNOME
 session_name=gnome
