@@ -16,6 +16,7 @@ const seat = Clutter.get_default_backend().get_default_seat();
 if (!global.tovlaPointer) {
     global.tovlaPointer = seat.create_virtual_device(Clutter.InputDeviceType.POINTER_DEVICE);
     global.tovlaKeys = seat.create_virtual_device(Clutter.InputDeviceType.KEYBOARD_DEVICE);
+    global.tovlaFinger = seat.create_virtual_device(Clutter.InputDeviceType.TOUCHSCREEN_DEVICE);
 }
 const now = () => imports.gi.GLib.get_monotonic_time();
 """
@@ -52,6 +53,13 @@ class GnomeScreen:
             self.evaluate(f"{DEVICES} global.tovlaPointer.notify_button(now(), "
                           f"{ {1: 1, 3: 3}[button]}, Clutter.ButtonState.{state}); 0")
 
+    def drag_with_finger(self, start, end):
+        steps = 12
+        self._touch("down", *start)
+        for step in range(1, steps + 1):
+            self._touch("motion", *(round(a + (b - a) * step / steps) for a, b in zip(start, end)))
+        self._touch("up")
+
     def press(self, keys):
         values = [KEYS[key] if key in KEYS else ord(key) for key in keys.split("+")]
         for value in values:
@@ -77,6 +85,11 @@ class GnomeScreen:
         temporarily = dbus.UInt32(1)
         display.ApplyMonitorsConfig(serial, temporarily, dbus.Array([only], "(iiduba(ssa{sv}))"),
                                     dbus.Dictionary({}, "sv"))
+
+    def _touch(self, what, *place):
+        finger = 0
+        arguments = ", ".join(str(number) for number in (finger, *place))
+        self.evaluate(f"{DEVICES} global.tovlaFinger.notify_touch_{what}(now(), {arguments}); 0")
 
     def _notify(self, value, state):
         self.evaluate(f"{DEVICES} global.tovlaKeys.notify_keyval(now(), {value}, "

@@ -24,6 +24,7 @@ class WindowChecks:
         check = self.report.check
         check("the card over another program", self.card_over_editor)
         check("the card's window", self.card_window)
+        check("the card dragged with a finger", self.card_dragged)
         check("the note is saved", self.note_saved)
         check("the keyboard goes back", self.keyboard_back)
         check("the card over a full-screen window", self.card_over_full_screen)
@@ -80,6 +81,20 @@ class WindowChecks:
         if wrong:
             raise Failed(f"{', '.join(wrong)}: {card.described()}")
         return card.described()
+
+    def card_dragged(self):
+        if not hasattr(self.screen, "drag_with_finger"):
+            raise NotRun("this display has no finger to test with")
+        left, top, *_ = next(window.box for window in self.windows() if self.is_card(window))
+        margin, far = 20, 100
+        self.screen.drag_with_finger((left + 150, top + margin), (left + 150 + far, top + margin + far))
+        # A few pixels may be lost before the movement is recognised.
+        wanted = range(far - 20, far + 1)
+        moved = comes(lambda: next((w.box for w in self.windows() if self.is_card(w)
+                                    and w.box[0] - left in wanted and w.box[1] - top in wanted), None), 5)
+        if not moved:
+            raise Failed("it does not follow")
+        return f"it is moved by {moved[0] - left}, {moved[1] - top}"
 
     def note_saved(self):
         self.screen.type(NOTE)

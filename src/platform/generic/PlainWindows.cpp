@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/generic/PlainWindows.h"
 
+#include "platform/generic/PointerFollower.h"
+
 #include <QWidget>
 #include <QWindow>
 
@@ -26,7 +28,8 @@ void PlainWindows::showInactive(QWidget &window)
 
 void PlainWindows::startMove(QWidget &window)
 {
-    if (window.windowHandle() != nullptr) {
-        window.windowHandle()->startSystemMove();
+    // Refused to fingers by the toolkit on X11, except with two window managers.
+    if (window.windowHandle() != nullptr && !window.windowHandle()->startSystemMove()) {
+        new PointerFollower(window);
     }
 }
