@@ -98,6 +98,10 @@ private slots:
             const Look high = look(*capabilities.appearance, scheme);
             QVERIFY(contrastOver(high.secondaryText, high.windowBackground) >= 7);
             QVERIFY(contrastOver(high.tertiaryText, high.windowBackground) >= 4.5);
+            // And they still differ.
+            QCOMPARE_GT(high.primaryText.alphaF(), high.secondaryText.alphaF());
+            QCOMPARE_GT(high.secondaryText.alphaF(), high.tertiaryText.alphaF());
+            QCOMPARE(high.placeholder, high.tertiaryText);
             QVERIFY(contrastOver(high.divider, high.windowBackground)
                     > contrastOver(usual.divider, usual.windowBackground));
             for (const QColor &line :

@@ -7,6 +7,8 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QComboBox>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QWheelEvent>
 
 class FrequencyControlTest final : public SettingsFixture
@@ -34,6 +36,16 @@ private slots:
         QTest::keyClick(number(), Qt::Key_Return);
         QTEST((*m_state)->intervalMinutes(), "minutes");
         QCOMPARE(number()->text(), QLocale::system().toString((*m_state)->intervalMinutes()));
+    }
+
+    void numbersMenu_isOurs()
+    {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5),
+                                number()->mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(number(), &event);
+        const auto *const menu = number()->findChild<QMenu *>();
+        QVERIFY(menu);
+        QVERIFY(menu->testAttribute(Qt::WA_TranslucentBackground));
     }
 
     void editedNumber_isTakenWhenTheFocusGoes_anUneditedOneIsNot()
