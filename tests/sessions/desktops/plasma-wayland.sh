@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # shellcheck shell=bash disable=SC2034,SC2154 # to be sourced by scripts/session
 packages="plasma-desktop plasma-workspace kwin-wayland xwayland kwrite breeze breeze-icon-theme
-    xdg-desktop-portal-kde libkscreen-bin"
+    xdg-desktop-portal-kde libkscreen-bin kde-config-gtk-style"
 # Part of plasma-workspace on later releases.
 [ "$release" != bookworm ] || packages+=" plasma-workspace-wayland"
 session_type=wayland
