@@ -2,6 +2,7 @@
 """Checks of the card and the settings: that they open over another program, and their properties."""
 import re
 import subprocess
+from pathlib import Path
 
 import program
 from pictures import changed_box, settled_picture
@@ -10,6 +11,7 @@ from waiting import comes, wait_for
 
 SETTINGS = "Tovla Settings"
 NOTE = "seen in a whole session"
+BESIDE = Path("/tmp/beside")
 
 
 class WindowChecks:
@@ -28,6 +30,7 @@ class WindowChecks:
         check("the note is saved", self.note_saved)
         check("the keyboard goes back", self.keyboard_back)
         check("the card over a full-screen window", self.card_over_full_screen)
+        check("another program beside the card", self.other_program_beside_card)
         check("the settings", self.settings)
         check("the settings again, from behind", self.settings_again)
         check("the settings again, minimised", self.settings_minimised)
@@ -134,6 +137,41 @@ class WindowChecks:
         if wrong:
             raise Failed(f"{', '.join(wrong)} (card-full-screen.png)")
         return "it is seen and has the keyboard (card-full-screen.png)"
+
+    def other_program_beside_card(self):
+        BESIDE.unlink(missing_ok=True)
+        terminal = subprocess.Popen(["xterm", "-title", "beside", "-e", f"cat >{BESIDE}"],
+                                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        try:
+            window = comes(lambda: self.active(lambda window: window.title == "beside"), 15)
+            if not window:
+                raise NotRun("no terminal has the keyboard")
+            before = settled_picture(self.screen)
+            program.act("write-now")
+            if not comes(lambda: self.active(self.is_card), 10):
+                raise NotRun("the card has no keyboard focus to give away")
+            # The lowest change is the card's shadow; above it, terminals change with the focus.
+            *_, below_card = changed_box(before, settled_picture(self.screen))
+            on_card = before.width // 2, below_card - 60
+            left, _, _, bottom = window.box
+            # Sway lends the keyboard to others only when the pointer leaves the card.
+            for place in (on_card, (left + 30, bottom - 30)):
+                self.screen.move(*place)
+                settled_picture(self.screen)
+            self.screen.click(left + 30, bottom - 30)
+            if not comes(lambda: self.active(lambda window: window.title == "beside"), 5):
+                raise Failed("a click does not give the keyboard to it")
+            self.screen.type("typed beside it")
+            self.screen.press("Return")
+            if not comes(lambda: BESIDE.read_text() == "typed beside it\n", 5):
+                raise Failed(f"it was given {BESIDE.read_text()!r}")
+            self.screen.click(*on_card)
+            if not comes(lambda: self.active(self.is_card), 5):
+                raise Failed("a click on the card does not give the keyboard back to it")
+            self.screen.press("Escape")
+        finally:
+            terminal.terminate()
+        return "a click gives it the keyboard, and another gives it back to the card"
 
     def settings(self):
         program.launch()
