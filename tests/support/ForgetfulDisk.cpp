@@ -250,6 +250,7 @@ ForgetfulDisk::ForgetfulDisk(std::string place)
     fuse_args parsed = FUSE_ARGS_INIT(static_cast<int>(arguments.size()), arguments.data());
     const fuse_operations all = operations();
     m_fuse = fuse_new(&parsed, &all, sizeof all, this);
+    fuse_opt_free_args(&parsed);
     if (m_fuse != nullptr && fuse_mount(m_fuse, m_place.c_str()) != 0) {
         fuse_destroy(std::exchange(m_fuse, nullptr));
     }
