@@ -49,7 +49,10 @@ FloatingWindow::FloatingWindow(const Desktop &desktop, qreal cornerRadius, Qt::W
         connect(screen, &QScreen::geometryChanged, this, &FloatingWindow::followScreens,
                 Qt::QueuedConnection);
     }
-    new ScaleFollower(*this, *m_desktop.windows, [this] { moveToOpeningPlace(); });
+    new ScaleFollower(*this, *m_desktop.windows, [this] {
+        moveToOpeningPlace();
+        announceShape(); // it may be a new window
+    });
 }
 
 void FloatingWindow::setFrameSize(const QSize &size)

@@ -69,7 +69,7 @@ void ScaleFollower::showAgain()
     const bool wasActive = m_window.isActiveWindow();
     // Mutter may show it elsewhere, because it learns of the new scale at another moment.
     m_mustBePlaced = true;
-    m_window.hide();
+    m_windows.withdraw(m_window);
     m_place();
     if (wasActive) {
         m_windows.present(m_window);

@@ -26,6 +26,8 @@ public:
     virtual void present(QWidget &window) = 0;
     /// Shows @p window in the same way, but without giving it keyboard focus.
     virtual void showInactive(QWidget &window) = 0;
+    /// Hides @p window, so that the window system keeps nothing of it until it is shown again.
+    virtual void withdraw(QWidget &window) = 0;
     /// Moves @p window with the pointer until the mouse button, which the user has just pressed, is
     /// released.
     virtual void startMove(QWidget &window) = 0;

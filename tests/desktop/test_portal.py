@@ -6,8 +6,9 @@ import dbus
 
 import accessibility
 from case import SETTINGS, DesktopCase, active_window_title, press_keys, type_text, visible_titles
-from desktop import wait_for
+from desktop import output, wait_for
 from portal_requests import RequestPortal, SessionManager
+from xsettings import STANDARD_DPI, SettingsDaemon
 
 
 class PortalTest(DesktopCase):
@@ -37,12 +38,24 @@ class PortalTest(DesktopCase):
     def test_folder_is_chosen_in_the_desktops_own_dialog(self):
         method, (parent, title), options, request = self.ask_for_folder()
         self.assertEqual(method, "OpenFile")
-        self.assertRegex(parent, "^x11:[0-9a-f]+$")
+        self.assertEqual(parent, f"x11:{int(output('xdotool', 'getactivewindow')):x}")
         self.assertEqual(title, SETTINGS)
         self.assertEqual((options["directory"], options["modal"], options["accept_label"]),
                          (True, True, "Choose"))
         request.Response(0, {"uris": dbus.Array(["file:///tmp/My%20Journal%20%C3%A9"], "s")})
         self.wait_for_folder("/tmp/My Journal é")
+
+    def test_dialog_belongs_to_the_window_at_a_new_scale(self):
+        daemon = SettingsDaemon(Xft_DPI=STANDARD_DPI)
+        self.addCleanup(daemon.close)
+        self.open_settings()
+        before = output("xdotool", "getactivewindow")
+        daemon.publish(Xft_DPI=2 * STANDARD_DPI)
+        wait_for(lambda: active_window_title() == SETTINGS
+                 and output("xdotool", "getactivewindow") != before, "a new window")
+        accessibility.press("Choose…")
+        _, (parent, _), *_ = self.wait_for_request()
+        self.assertEqual(parent, f"x11:{int(output('xdotool', 'getactivewindow')):x}")
 
     def test_cancelled_dialog_leaves_the_folder(self):
         *_, request = self.ask_for_folder()

@@ -9,11 +9,10 @@ import accessibility
 from case import (LIGHT, SETTINGS, DesktopCase, active_window_title, color_at, frame_of,
                   geometry_of, is_time, press_keys, shadow_of, type_text)
 from desktop import output, wait_for
-from xsettings import SettingsDaemon
+from xsettings import STANDARD_DPI, SettingsDaemon
 
 SIDE, HEIGHT = 1280, 900  # of each screen
 STRIP_HEIGHT = 28
-STANDARD_DPI = 96 * 1024
 
 
 def plug(name, width, height, x, output_name="none"):
@@ -190,6 +189,25 @@ class ScreensTest(DesktopCase):
         type_text(" goes on")
         press_keys("ctrl+Return")
         self.wait_for_day_file(lambda text: b"a note goes on" in text)
+
+    def test_card_is_a_new_window_after_a_change_of_scale(self):
+        """GNOME's window manager marks a window whose picture it withholds, and leaves the mark when
+        the window is hidden in the meantime: that window is never seen again."""
+        daemon = SettingsDaemon(Xft_DPI=STANDARD_DPI)
+        self.addCleanup(daemon.close)
+        self.start()
+        self.open_prompt()
+        before = output("xdotool", "getactivewindow")
+        daemon.publish(Xft_DPI=2 * STANDARD_DPI)
+        wait_for(lambda: is_time(active_window_title())
+                 and output("xdotool", "getactivewindow") != before, "a new window")
+        (self.title,) = self.prompt_titles()
+        self.assertEqual(shadow_of(self.title)[0], 54 * 2)
+        press_keys("Escape")
+        self.wait_until_no_prompt()
+        editor = self.open_prompt()
+        type_text("again")
+        wait_for(lambda: accessibility.text_of(editor) == "again", "what was typed")
 
     def test_card_outgrows_a_small_screen_and_is_dragged_by_its_strip(self):
         unplug("right")

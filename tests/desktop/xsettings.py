@@ -6,6 +6,8 @@ from Xlib import X
 from Xlib.display import Display
 from Xlib.protocol.event import ClientMessage
 
+STANDARD_DPI = 96 * 1024  # of the setting Xft/DPI, in 1/1024 of a dot per inch
+
 
 def padded(data):
     return data + b"\0" * (-len(data) % 4)

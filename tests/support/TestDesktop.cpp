@@ -119,6 +119,7 @@ public:
         window.show();
         window.activateWindow();
     }
+    void withdraw(QWidget &window) override { window.hide(); }
     void startMove(QWidget &window) override { m_desktop.moved.append(&window); }
     void setShadow(QWidget &, const QMargins &) override { }
     void setBlurBehind(QWidget &, const QRegion &region) override { m_desktop.blurred = region; }

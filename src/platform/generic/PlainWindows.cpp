@@ -26,6 +26,11 @@ void PlainWindows::showInactive(QWidget &window)
     window.setAttribute(Qt::WA_ShowWithoutActivating, false);
 }
 
+void PlainWindows::withdraw(QWidget &window)
+{
+    window.hide();
+}
+
 void PlainWindows::startMove(QWidget &window)
 {
     // Refused to fingers by the toolkit on X11, except with two window managers.

@@ -10,6 +10,7 @@ public:
     void place(QWidget &window, const QPoint &topLeft) override;
     void present(QWidget &window) override;
     void showInactive(QWidget &window) override;
+    void withdraw(QWidget &window) override;
     void startMove(QWidget &window) override;
     void setShadow(QWidget &, const QMargins &) override { }
     void setBlurBehind(QWidget &, const QRegion &) override { }

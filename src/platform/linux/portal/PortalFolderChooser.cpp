@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QWidget>
+#include <QWindow>
 
 namespace
 {
@@ -17,8 +18,9 @@ const QString fileChooser = QStringLiteral("org.freedesktop.portal.FileChooser")
 /// one.
 QString handleOf(const QWidget &window)
 {
+    // The widget's own identifier may be that of an earlier window.
     return QGuiApplication::platformName() == u"xcb"
-        ? QStringLiteral("x11:%1").arg(window.winId(), 0, 16)
+        ? QStringLiteral("x11:%1").arg(window.windowHandle()->winId(), 0, 16)
         : QString();
 }
 

@@ -18,7 +18,9 @@ namespace
 {
 xcb_window_t identifier(const QWidget &window)
 {
-    return static_cast<xcb_window_t>(window.winId());
+    (void)window.winId(); // creates the window
+    // The widget's own identifier may be that of an earlier window.
+    return static_cast<xcb_window_t>(window.windowHandle()->winId());
 }
 
 void setCardinals(const QWidget &window, const QByteArray &property,
@@ -184,6 +186,16 @@ void X11Windows::showInactive(QWidget &window)
 {
     prepareToShow(window);
     PlainWindows::showInactive(window);
+}
+
+/// Mutter withholds the picture of a window that it waits for. If the window is hidden meanwhile,
+/// only a new one is seen again.
+void X11Windows::withdraw(QWidget &window)
+{
+    PlainWindows::withdraw(window);
+    if (Xcb::connection() && window.windowHandle() != nullptr) {
+        window.windowHandle()->destroy();
+    }
 }
 
 void X11Windows::setShadow(QWidget &window, const QMargins &shadow)

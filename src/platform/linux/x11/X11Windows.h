@@ -11,6 +11,7 @@ public:
     void place(QWidget &window, const QPoint &topLeft) override;
     void present(QWidget &window) override;
     void showInactive(QWidget &window) override;
+    void withdraw(QWidget &window) override;
     void setShadow(QWidget &window, const QMargins &shadow) override;
     void setBlurBehind(QWidget &window, const QRegion &region) override;
 };
