@@ -10,7 +10,7 @@ run_packages="libqt6svg6 maybe:qt6-svg-plugins hicolor-icon-theme libcanberra0 l
 # A desktop for machines without one: display, window manager, compositor, bus, panel, screenshots.
 virtual_desktop_packages="xvfb openbox picom dbus dbus-daemon xfce4-panel xdotool imagemagick
     hsetroot x11-utils fonts-inter"
-test_packages="$virtual_desktop_packages at-spi2-core gir1.2-atspi-2.0 python3-dbus python3-gi
+test_packages="$virtual_desktop_packages at-spi2-core gir1.2-atspi-2.0 gir1.2-gtk-3.0 python3-dbus python3-gi
     python3-numpy libglib2.0-bin xterm tint2 x11-xserver-utils libfaketime strace fonts-dejavu-core pulseaudio
     pulseaudio-utils bindfs fuse3 libfuse3-dev python3-xlib ibus ibus-hangul fcitx5 fcitx5-hangul
     fcitx5-frontend-qt6 orca speech-dispatcher"

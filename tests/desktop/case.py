@@ -142,6 +142,10 @@ def type_text(text):
     subprocess.run(["xdotool", "type", "--delay", "5", "--", text], check=True)
 
 
+def point_to(x, y):
+    subprocess.run(["xdotool", "mousemove", str(x), str(y)], check=True)
+
+
 def click(x, y, button=1):
     subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", str(button)], check=True)
 

@@ -7,7 +7,7 @@ import unittest
 
 import accessibility
 from case import (LIGHT, SETTINGS, DesktopCase, active_window_title, color_at, frame_of,
-                  geometry_of, is_time, press_keys, shadow_of, type_text)
+                  geometry_of, is_time, point_to, press_keys, shadow_of, type_text)
 from desktop import output, wait_for
 from xsettings import STANDARD_DPI, SettingsDaemon
 
@@ -31,10 +31,6 @@ def change_screens(*arguments):
     """Ignores the exit status of xrandr, which is 1 even on success."""
     subprocess.run(["xrandr", *arguments], stdout=subprocess.DEVNULL,
                    stderr=subprocess.DEVNULL)
-
-
-def point_to(x, y):
-    subprocess.run(["xdotool", "mousemove", str(x), str(y)], check=True)
 
 
 def wait_for_window(measure, fits):
