@@ -44,6 +44,10 @@ class Engine:
         os.killpg(self.process.pid, signal.SIGTERM)
         self.process.wait()
 
+    def use_keyboard(self):
+        """Has the keys type what they say."""
+        raise NotImplementedError
+
     def candidates(self):
         """x, y, width and height of the window to choose a character from, None without one."""
         places = [geometry(window) for window in search_windows("--onlyvisible",
@@ -71,6 +75,10 @@ class Ibus(Engine):
         wait_for(lambda: output("ibus", "engine") == "hangul", "the engine of ibus")
         return process
 
+    def use_keyboard(self):
+        output("ibus", "engine", "xkb:us::eng")
+        wait_for(lambda: output("ibus", "engine") == "xkb:us::eng", "the keyboard of ibus")
+
 
 class Fcitx(Engine):
     environment = {"QT_IM_MODULE": "fcitx"}
@@ -92,6 +100,10 @@ class Fcitx(Engine):
         process = self.desktop.start("fcitx5")
         wait_for(self.is_on_the_bus, "the engine of fcitx")
         return process
+
+    def use_keyboard(self):
+        output("fcitx5-remote", "-s", "keyboard-us")
+        wait_for(lambda: output("fcitx5-remote", "-n") == "keyboard-us", "the keyboard of fcitx")
 
     @staticmethod
     def is_on_the_bus():

@@ -7,6 +7,7 @@ import unittest
 import numpy
 
 import accessibility
+import rare_keys
 from case import (DesktopCase, active_window_title, click, frame_of, press_keys, type_text)
 from desktop import Desktop, wait_for
 from engines import Fcitx, Ibus
@@ -104,6 +105,16 @@ class EngineTests:
         press_keys("BackSpace")
         self.wait_for_text("한글")
         self.save("한글")
+
+    def test_dead_keys_compose_and_emoji(self):
+        self.engine.use_keyboard()
+        rare_keys.define()  # ibus has just loaded the whole keyboard anew
+        press_keys(rare_keys.DEAD_ACUTE, "e")
+        self.wait_for_text("é")
+        press_keys(rare_keys.COMPOSE, "a", "e")
+        self.wait_for_text("éæ")
+        press_keys(rare_keys.SEEDLING)
+        self.save("éæ🌱")
 
     def test_candidates_are_next_to_the_caret(self):
         self.compose("gks")

@@ -1,20 +1,16 @@
 # SPDX-License-Identifier: MIT
 """Writing without an input method, and with the mouse."""
 import itertools
-import subprocess
 import sys
 import unittest
 
 import accessibility
 import drag_source
+import rare_keys
 from case import (DesktopCase, active_window_title, click, frame_of, geometry, point_to, press_keys,
                   type_text)
 from desktop import output, visible_windows, wait_for
 
-
-# Codes that no key of the standard layout has. xdotool would define a missing key only while it presses
-# it, and the program might look it up later.
-KEYS = {"dead_acute": "249", "U1F331": "250", "Multi_key": "251"}
 # From the card's left edge, and from its lower edge, in pixels.
 FIRST_WORD, SECOND_WORD, TEXT_MIDDLE = 42, 68, 39
 
@@ -22,8 +18,7 @@ FIRST_WORD, SECOND_WORD, TEXT_MIDDLE = 42, 68, 39
 class WritingTest(DesktopCase):
     def setUp(self):
         super().setUp()
-        for name, code in KEYS.items():
-            subprocess.run(["xmodmap", "-e", f"keycode {code} = {name}"], check=True)
+        rare_keys.define()
         self.start()
         self.editor = self.open_prompt()
 
@@ -31,13 +26,13 @@ class WritingTest(DesktopCase):
         wait_for(lambda: accessibility.text_of(self.editor) == text, f"the text {text!r}")
 
     def test_dead_keys_and_compose(self):
-        press_keys(KEYS["dead_acute"], "e")
+        press_keys(rare_keys.DEAD_ACUTE, "e")
         self.wait_for_text("é")
-        press_keys(KEYS["Multi_key"], "a", "e")
+        press_keys(rare_keys.COMPOSE, "a", "e")
         self.wait_for_text("éæ")
 
     def test_emoji_is_saved_as_it_is(self):
-        press_keys(KEYS["U1F331"])
+        press_keys(rare_keys.SEEDLING)
         self.wait_for_text("🌱")
         press_keys("ctrl+Return")
         self.wait_for_day_file(lambda content: content.endswith("\n🌱\n".encode()))
