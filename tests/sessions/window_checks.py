@@ -7,6 +7,7 @@ from pathlib import Path
 import program
 from pictures import changed_box, settled_picture
 from report import Failed, NotRun
+from scale_checks import button_in
 from waiting import comes, wait_for
 
 SETTINGS = "Tovla Settings"
@@ -146,13 +147,13 @@ class WindowChecks:
             window = comes(lambda: self.active(lambda window: window.title == "beside"), 15)
             if not window:
                 raise NotRun("no terminal has the keyboard")
-            before = settled_picture(self.screen)
             program.act("write-now")
             if not comes(lambda: self.active(self.is_card), 10):
                 raise NotRun("the card has no keyboard focus to give away")
-            # The lowest change is the card's shadow; above it, terminals change with the focus.
-            *_, below_card = changed_box(before, settled_picture(self.screen))
-            on_card = before.width // 2, below_card - 60
+            button = button_in(settled_picture(self.screen))
+            if not button:
+                raise Failed("the card is not seen")
+            on_card = button[2] + 100, button[3] + 40
             left, _, _, bottom = window.box
             # Sway lends the keyboard to others only when the pointer leaves the card.
             for place in (on_card, (left + 30, bottom - 30)):
