@@ -17,6 +17,17 @@ BLACK = (0, 0, 0)
 WHITE = (255, 255, 255)
 
 
+def connect_to_bus():
+    return dbus.bus.BusConnection(os.environ["DBUS_SESSION_BUS_ADDRESS"])
+
+
+def next_name_on_bus():
+    connection = connect_to_bus()
+    name = connection.get_unique_name()
+    connection.close()
+    return name
+
+
 class TrayTest(DesktopCase):
     def test_menu_is_as_described(self):
         self.start(intervalMinutes=25)
@@ -47,6 +58,17 @@ class TrayTest(DesktopCase):
         self.assertEqual(self.item.property("ToolTip")[2], "Tovla")
         self.assertEqual(self.item.property("Status"), "Active")
         self.assertFalse(self.item.property("ItemIsMenu"))
+
+    def test_item_stays_when_a_program_with_the_beginning_of_its_name_leaves(self):
+        other = connect_to_bus()
+        name = other.get_unique_name()
+
+        while not next_name_on_bus().startswith(name):
+            pass
+        self.start()
+        other.close()
+        wait_for(lambda: not self.desktop.tray.bus.name_has_owner(name), "the other to be gone")
+        self.assertIsNotNone(self.desktop.tray.item_of(self.tovla.process.pid))
 
     def test_icon_fills_each_of_its_pictures(self):
         self.start()

@@ -43,6 +43,8 @@ class TrayHost(dbus.service.Object):
         self.answers = True
         self.unanswered = []
         self.items = []
+        self.bus.add_signal_receiver(self._owner_changed, "NameOwnerChanged",
+                                     dbus_interface="org.freedesktop.DBus")
         self.appear(replaces)
 
     def appear(self, replaces=False):
@@ -59,11 +61,16 @@ class TrayHost(dbus.service.Object):
 
     @dbus.service.method(SERVICE, in_signature="s", sender_keyword="sender")
     def RegisterStatusNotifierItem(self, service, sender=None):
-        if service != sender:
+        if self.bus.get_name_owner(service) != sender:
             raise dbus.DBusException(f"{sender} offers the item of {service}")
-        if sender not in self.items:
-            self.items.append(sender)
+        if service not in self.items:
+            self.items.append(service)
             self.StatusNotifierItemRegistered(service)
+
+    def _owner_changed(self, name, _old_owner, new_owner):
+        """Like Cinnamon's watcher, goes by how the names begin."""
+        if not new_owner:
+            self.items = [item for item in self.items if not item.startswith(name)]
 
     @dbus.service.method(SERVICE, in_signature="s")
     def RegisterStatusNotifierHost(self, _service):

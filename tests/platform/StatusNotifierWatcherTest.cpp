@@ -3,6 +3,7 @@
 
 #include "support/SessionBusFixture.h"
 
+#include <QDBusConnectionInterface>
 #include <QDBusVariant>
 #include <QSignalSpy>
 
@@ -16,6 +17,16 @@ const QString service = u"org.kde.StatusNotifierWatcher"_s;
 const QString path = u"/StatusNotifierWatcher"_s;
 const QString question = u"org.freedesktop.DBus.Properties.Get(ss)"_s;
 const QString registration = service + u".RegisterStatusNotifierItem(s)"_s;
+
+QString itemName()
+{
+    return u"org.kde.StatusNotifierItem-%1-1"_s.arg(QCoreApplication::applicationPid());
+}
+
+QString ownerOf(const QString &name)
+{
+    return QDBusConnection::sessionBus().interface()->serviceOwner(name);
+}
 
 QDBusMessage hasHost(const QDBusMessage &call, bool has)
 {
@@ -45,6 +56,16 @@ private slots:
         const QDBusMessage asked = m_peer->calls.constFirst();
         QCOMPARE(asked.path(), path);
         QCOMPARE(asked.arguments(), (QVariantList{service, u"IsStatusNotifierHostRegistered"_s}));
+        QCOMPARE(m_peer->calls.constLast().arguments(), QVariantList{itemName()});
+        QCOMPARE(ownerOf(itemName()), QDBusConnection::sessionBus().baseService());
+    }
+
+    void whereTheNameIsTaken_theItemIsRegisteredWithoutIt()
+    {
+        QVERIFY(QDBusConnection::sessionBus().unregisterService(itemName()));
+        const BusPeer other(itemName());
+        start();
+        QTRY_COMPARE(m_peer->lastCall(), registration);
         QCOMPARE(m_peer->calls.constLast().arguments(),
                  QVariantList{QDBusConnection::sessionBus().baseService()});
     }

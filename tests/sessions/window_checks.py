@@ -149,7 +149,8 @@ class WindowChecks:
                 raise NotRun("no terminal has the keyboard")
             program.act("write-now")
             if not comes(lambda: self.active(self.is_card), 10):
-                raise NotRun("the card has no keyboard focus to give away")
+                name = self.report.picture("beside", settled_picture(self.screen))
+                raise Failed(f"the card does not get the keyboard over it ({name})")
             button = button_in(settled_picture(self.screen))
             if not button:
                 raise Failed("the card is not seen")

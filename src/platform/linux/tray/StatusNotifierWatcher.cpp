@@ -3,6 +3,7 @@
 
 #include "platform/linux/bus/Bus.h"
 
+#include <QCoreApplication>
 #include <QDBusError>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
@@ -11,18 +12,43 @@ namespace
 {
 const QString service = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString path = QStringLiteral("/StatusNotifierWatcher");
+
+// A flag and results of org.freedesktop.DBus.RequestName.
+constexpr uint doNotQueue = 4;
+constexpr uint isOwner = 1;
+constexpr uint wasOwner = 4;
 } // namespace
 
 StatusNotifierWatcher::StatusNotifierWatcher(const QDBusConnection &bus, QObject *parent)
     : QObject(parent)
     , m_bus(bus)
+    , m_name(bus.baseService())
 {
     const auto *owners
         = new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
     connect(owners, &QDBusServiceWatcher::serviceOwnerChanged, this, &StatusNotifierWatcher::ask);
     // Without a member name, a single match rule covers all signals of the watcher.
     m_bus.connect(service, path, service, QString(), this, SLOT(watcherSignalled(QDBusMessage)));
+    claimName();
     ask();
+}
+
+/// Cinnamon's watcher takes the item ":1.37" for gone when ":1.3" leaves the bus. The answer comes
+/// before any of a watcher, because the bus gives it at once.
+void StatusNotifierWatcher::claimName()
+{
+    const QString name
+        = QStringLiteral("org.kde.StatusNotifierItem-%1-1").arg(QCoreApplication::applicationPid());
+    auto request = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("RequestName"));
+    request << name << doNotQueue;
+    Bus::ask(m_bus, request, this, [this, name](const QDBusMessage &reply) {
+        const uint outcome = reply.arguments().value(0).toUInt();
+        if (outcome == isOwner || outcome == wasOwner) {
+            m_name = name;
+        }
+    });
 }
 
 void StatusNotifierWatcher::watcherSignalled(const QDBusMessage &message)
@@ -77,6 +103,6 @@ void StatusNotifierWatcher::registerItem()
 {
     auto registration = QDBusMessage::createMethodCall(
         service, path, service, QStringLiteral("RegisterStatusNotifierItem"));
-    registration << m_bus.baseService();
+    registration << m_name;
     m_bus.send(registration);
 }

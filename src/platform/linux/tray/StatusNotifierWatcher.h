@@ -27,12 +27,15 @@ private slots:
     void watcherSignalled(const QDBusMessage &message);
 
 private:
+    void claimName();
     void ask();
     void answerArrived(const QDBusMessage &reply);
     void setHosts(Hosts hosts);
     void registerItem();
 
     QDBusConnection m_bus;
+    /// The bus name that the item is registered under.
+    QString m_name;
     Hosts m_hosts = Hosts::Unknown;
     /// The number of the last question; answers to earlier ones are ignored.
     int m_question = 0;
