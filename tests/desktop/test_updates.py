@@ -59,7 +59,7 @@ class UpdatesTest(DesktopCase):
         accessibility.find(f"Tovla is now updated to version {NEWER}! Restart Tovla to use it.")
         before = self.item
         accessibility.press("Restart Now")
-        wait_for(lambda: self.tovla.wait_for_tray_item().name != before.name, "a new tray item")
+        wait_for(lambda: self.tovla.wait_for_tray_item().owner != before.owner, "a new tray item")
         self.assertTrue(self.tovla.is_running())  # as the same process
         self.assertEqual(self.service.calls().count("UpdatePackages"), 1)
 
@@ -72,12 +72,12 @@ class UpdatesTest(DesktopCase):
         before = self.item
         accessibility.press("Restart Now")
         self.wait_until_closed()
-        self.assertEqual(self.tovla.wait_for_tray_item().name, before.name)
+        self.assertEqual(self.tovla.wait_for_tray_item().owner, before.owner)
         self.item.click("Write now")  # returns keyboard focus to the card
         wait_for(lambda: self.prompt_titles() == [active_window_title()], "the card to be active")
         press_keys("ctrl+Return")
         self.wait_for_day_file(lambda content: content.endswith(b"\nnothing lost\n"))
-        wait_for(lambda: self.tovla.wait_for_tray_item().name != before.name, "a new tray item")
+        wait_for(lambda: self.tovla.wait_for_tray_item().owner != before.owner, "a new tray item")
 
     def test_note_that_is_thrown_away_makes_way_for_the_restart(self):
         self.check(OFFER)
@@ -89,7 +89,7 @@ class UpdatesTest(DesktopCase):
         accessibility.press("Restart Now")
         self.wait_until_closed()
         accessibility.press("Close")
-        wait_for(lambda: self.tovla.wait_for_tray_item().name != before.name, "a new tray item")
+        wait_for(lambda: self.tovla.wait_for_tray_item().owner != before.owner, "a new tray item")
         self.assertEqual(self.prompt_titles(), [])
         self.assertEqual(self.day_files(), [])
 

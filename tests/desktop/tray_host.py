@@ -121,6 +121,8 @@ class TrayItem:
 
     def __init__(self, bus, name, is_strict):
         self.name = name
+        # Unlike the name, not the same once the program has started itself anew.
+        self.owner = bus.get_name_owner(name)
         self.bus = bus
         self.item = bus.get_object(name, ITEM_PATH)
         menu = bus.get_object(name, MENU_PATH)
