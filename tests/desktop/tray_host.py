@@ -61,7 +61,7 @@ class TrayHost(dbus.service.Object):
 
     @dbus.service.method(SERVICE, in_signature="s", sender_keyword="sender")
     def RegisterStatusNotifierItem(self, service, sender=None):
-        if self.bus.get_name_owner(service) != sender:
+        if service != sender and self.bus.get_name_owner(service) != sender:
             raise dbus.DBusException(f"{sender} offers the item of {service}")
         if service not in self.items:
             self.items.append(service)

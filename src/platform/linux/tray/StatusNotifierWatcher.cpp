@@ -24,17 +24,10 @@ StatusNotifierWatcher::StatusNotifierWatcher(const QDBusConnection &bus, QObject
     , m_bus(bus)
     , m_name(bus.baseService())
 {
-    const auto *owners
-        = new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
-    connect(owners, &QDBusServiceWatcher::serviceOwnerChanged, this, &StatusNotifierWatcher::ask);
-    // Without a member name, a single match rule covers all signals of the watcher.
-    m_bus.connect(service, path, service, QString(), this, SLOT(watcherSignalled(QDBusMessage)));
     claimName();
-    ask();
 }
 
-/// Cinnamon's watcher takes the item ":1.37" for gone when ":1.3" leaves the bus. The answer comes
-/// before any of a watcher, because the bus gives it at once.
+/// Cinnamon's watcher takes the item ":1.37" for gone when ":1.3" leaves the bus.
 void StatusNotifierWatcher::claimName()
 {
     const QString name
@@ -48,7 +41,18 @@ void StatusNotifierWatcher::claimName()
         if (outcome == isOwner || outcome == wasOwner) {
             m_name = name;
         }
+        watch();
     });
+}
+
+void StatusNotifierWatcher::watch()
+{
+    const auto *owners
+        = new QDBusServiceWatcher(service, m_bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+    connect(owners, &QDBusServiceWatcher::serviceOwnerChanged, this, &StatusNotifierWatcher::ask);
+    // Without a member name, a single match rule covers all signals of the watcher.
+    m_bus.connect(service, path, service, QString(), this, SLOT(watcherSignalled(QDBusMessage)));
+    ask();
 }
 
 void StatusNotifierWatcher::watcherSignalled(const QDBusMessage &message)

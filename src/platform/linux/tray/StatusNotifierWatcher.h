@@ -28,6 +28,7 @@ private slots:
 
 private:
     void claimName();
+    void watch();
     void ask();
     void answerArrived(const QDBusMessage &reply);
     void setHosts(Hosts hosts);
