@@ -37,7 +37,7 @@ class ScaleChecks:
             except NotRun as reason:
                 unseen.append(str(reason))
         if len(seen) < 2:
-            raise NotRun("; ".join(unseen))
+            raise NotRun("; ".join(dict.fromkeys(unseen)))
         return "; ".join([f"an open card and a new one are right at {', '.join(seen)}", *unseen])
 
     def card_at(self, scale):
