@@ -110,7 +110,7 @@ class TrayHost(dbus.service.Object):
         for name in reversed(self.items):
             try:
                 if daemon.GetConnectionUnixProcessID(name) == pid:
-                    return TrayItem(self.bus, name, self.is_strict)
+                    return TrayItem(self.bus, name, daemon.GetNameOwner(name), self.is_strict)
             except dbus.DBusException:
                 continue  # the item has disappeared in the meantime
         return None
@@ -119,10 +119,10 @@ class TrayHost(dbus.service.Object):
 class TrayItem:
     """What the host shows of an item, and what the user can do with it."""
 
-    def __init__(self, bus, name, is_strict):
+    def __init__(self, bus, name, owner, is_strict):
         self.name = name
         # Unlike the name, not the same once the program has started itself anew.
-        self.owner = bus.get_name_owner(name)
+        self.owner = owner
         self.bus = bus
         self.item = bus.get_object(name, ITEM_PATH)
         menu = bus.get_object(name, MENU_PATH)
