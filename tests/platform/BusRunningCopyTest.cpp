@@ -2,13 +2,28 @@
 #include "platform/linux/bus/BusRunningCopy.h"
 
 #include "platform/linux/bus/ActivationToken.h"
+#include "support/SessionBusFixture.h"
 
+#include <QDBusArgument>
+#include <QDBusConnectionInterface>
 #include <QSignalSpy>
-#include <QTest>
+
+#include <chrono>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
-class BusRunningCopyTest final : public QObject
+namespace
+{
+const QString name = u"org.tovla.Tovla"_s;
+
+QDBusConnectionInterface &daemon()
+{
+    return *QDBusConnection::sessionBus().interface();
+}
+} // namespace
+
+class BusRunningCopyTest final : public SessionBusFixture
 {
     Q_OBJECT
 
@@ -17,6 +32,91 @@ private slots:
     {
         qunsetenv("XDG_ACTIVATION_TOKEN");
         qunsetenv("DBUS_STARTER_BUS_TYPE");
+        qunsetenv("DESKTOP_STARTUP_ID");
+        BusRunningCopy::prepare();
+    }
+
+    void theFirstCopyOwnsTheName()
+    {
+        BusRunningCopy copy;
+        QSignalSpy becameFirst(&copy, &RunningCopy::becameFirst);
+        copy.claim();
+        QVERIFY(becameFirst.wait());
+        QCOMPARE(daemon().serviceOwner(name), QDBusConnection::sessionBus().baseService());
+        QVERIFY(daemon().unregisterService(name).isValid());
+    }
+
+    void anotherCopyIsAskedToComeForward()
+    {
+        qputenv("DESKTOP_STARTUP_ID", "launcher_TIME1");
+        qputenv("XDG_ACTIVATION_TOKEN", "launcher/1");
+        BusRunningCopy::prepare();
+        BusPeer other(name);
+        other.answer = [](const QDBusMessage &call) { return call.createReply(); };
+        BusRunningCopy copy;
+        QSignalSpy foundAnother(&copy, &RunningCopy::foundAnother);
+        const QSignalSpy becameFirst(&copy, &RunningCopy::becameFirst);
+        copy.claim();
+        QVERIFY(foundAnother.wait());
+        QVERIFY(becameFirst.isEmpty());
+        QCOMPARE(other.lastCall(), u"org.freedesktop.Application.Activate(a{sv})"_s);
+        QCOMPARE(other.calls.constLast().path(), u"/org/tovla/Tovla"_s);
+        const auto told = qdbus_cast<QVariantMap>(other.calls.constLast().arguments().at(0));
+        QCOMPARE(told,
+                 (QVariantMap{{u"desktop-startup-id"_s, u"launcher_TIME1"_s},
+                              {u"activation-token"_s, u"launcher/1"_s}}));
+    }
+
+    void aCopyThatRefusesIsUnresponsive()
+    {
+        BusPeer other(name);
+        other.answer = [](const QDBusMessage &call) {
+            return call.createErrorReply(QDBusError::Failed, u"not now"_s);
+        };
+        BusRunningCopy copy;
+        QSignalSpy foundUnresponsive(&copy, &RunningCopy::foundUnresponsive);
+        copy.claim();
+        QVERIFY(foundUnresponsive.wait());
+    }
+
+    void aCopyThatDoesNotAnswerIsUnresponsive()
+    {
+        const BusPeer other(name);
+        BusRunningCopy copy;
+        QSignalSpy foundUnresponsive(&copy, &RunningCopy::foundUnresponsive);
+        copy.claim();
+        QVERIFY(foundUnresponsive.wait(std::chrono::milliseconds(1min).count()));
+    }
+
+    void theActivationThatStartedItIsDoneWithTheStart()
+    {
+        qputenv("DBUS_STARTER_BUS_TYPE", "session");
+        BusRunningCopy copy;
+        QVERIFY(copy.wasStartedByHand());
+        const QSignalSpy activated(&copy, &RunningCopy::activated);
+        copy.Activate({});
+        QCOMPARE(activated.size(), 0);
+        copy.Activate({});
+        QCOMPARE(activated.size(), 1);
+    }
+
+    void anActionThatStartedItIsCarriedOut()
+    {
+        qputenv("DBUS_STARTER_BUS_TYPE", "session");
+        BusRunningCopy copy;
+        const QSignalSpy requested(&copy, &RunningCopy::actionRequested);
+        const QSignalSpy activated(&copy, &RunningCopy::activated);
+        copy.ActivateAction(u"settings"_s, {}, {});
+        QCOMPARE(requested.size(), 1);
+        copy.Activate({});
+        QCOMPARE(activated.size(), 1);
+    }
+
+    void aStartupIdTellsThatTheUserStartedIt()
+    {
+        qputenv("DESKTOP_STARTUP_ID", "launcher_TIME1");
+        BusRunningCopy::prepare();
+        QVERIFY(BusRunningCopy().wasStartedByHand());
     }
 
     void aTokenTellsThatTheUserStartedIt_data()
