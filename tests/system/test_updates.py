@@ -106,9 +106,9 @@ class UpdatesTest(DesktopCase):
                                "to install it now?", picture)
 
     def restart(self):
-        before = self.item.name
+        before = self.item.owner
         click_button("Restart Now")
-        wait_for(lambda: self.tovla.wait_for_tray_item().name != before, "a new tray item")
+        wait_for(lambda: self.tovla.wait_for_tray_item().owner != before, "a new tray item")
         self.item = self.tovla.wait_for_tray_item()
         # The same process, now running the new file.
         self.assertTrue(self.tovla.is_running())
