@@ -53,7 +53,7 @@ class UpdatesTest(DesktopCase):
         self.check(OFFER)
         accessibility.find("A new version of Tovla is available!")
         notes = accessibility.find("Release Notes", accessibility.Atspi.Role.TEXT)
-        self.assertIn("* Two new alert sounds", accessibility.text_of(notes))
+        self.assertIn("• Two new alert sounds", accessibility.text_of(notes))
         accessibility.press("Install Update")
         accessibility.find("Update Installed")
         accessibility.find(f"Tovla is now updated to version {NEWER}! Restart Tovla to use it.")

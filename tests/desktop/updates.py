@@ -16,10 +16,18 @@ UPDATE = [5, f"tovla;{NEWER};amd64;tovla-stable-main"]
 UP_TO_DATE = {"SearchFiles": [{"packages": [INSTALLED]}],
               "Resolve": [{"packages": [INSTALLED]}]}
 BROKEN = {**UP_TO_DATE, "GetUpdates": [{"error": [64, "BADSIG 0123 <b>Eve</b>"]}]}
+# As the package managers of Debian pass it on: the new entries of the package's changelog.
+CHANGELOG = f"""tovla ({NEWER}) stable; urgency=medium
+
+  * The card remembers where you dragged it, on each of your screens, also after they have been
+    unplugged.
+  * Two new alert sounds: Drum and Harp.
+
+ -- The Tovla developers <tovla@example.org>  Sun, 15 Nov 2026 10:00:00 +0000
+"""
 OFFER = {"SearchFiles": [{"packages": [INSTALLED]}],
          "GetUpdates": [{"packages": [UPDATE]}],
-         "GetUpdateDetail": [{"detail": ["", "* The card remembers where you dragged it.\n"
-                                             "* Two new alert sounds: Drum and Harp."]}],
+         "GetUpdateDetail": [{"detail": ["", CHANGELOG]}],
          "Simulate": [{"packages": [[11, UPDATE[1]]]}],
          "Resolve": [{"packages": [[1, f"tovla;{NEWER};amd64;manual:tovla-stable-main"]]}]}
 DOWNLOAD = {"progress": [{"Status": 8, "AllowCancel": True, "DownloadSizeRemaining": 760_000},
