@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyleOption>
+#include <QTextEdit>
 
 namespace
 {
@@ -221,6 +222,9 @@ void ControlStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *o
     case PE_PanelLineEdit:
         drawFace(*painter, *option);
         break;
+    case PE_Frame: // of long texts
+        drawFace(*painter, *option, option->palette.color(QPalette::Base));
+        break;
     case PE_IndicatorRadioButton:
         drawRadio(*painter, *option);
         break;
@@ -302,6 +306,12 @@ int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
     case PM_ScrollBarExtent:
     case PM_ScrollView_ScrollBarOverlap: // over the content
         return ScrollBarDrawing::extent;
+    case PM_TextCursorWidth: // BlinkingCaret is drawn instead
+        return 0;
+    case PM_DefaultFrameWidth:
+        return qobject_cast<const QTextEdit *>(widget) != nullptr
+            ? faceMargin
+            : QProxyStyle::pixelMetric(metric, option, widget);
     case PM_ExclusiveIndicatorWidth:
     case PM_ExclusiveIndicatorHeight:
         return radioSide;

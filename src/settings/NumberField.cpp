@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "settings/NumberField.h"
 
+#include "look/BlinkingCaret.h"
 #include "look/ControlStyle.h"
 #include "look/Fonts.h"
 #include "look/TextMenu.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QPainter>
 
 namespace
 {
@@ -17,6 +19,7 @@ constexpr int textMargin = 2;
 
 NumberField::NumberField(std::function<void(const QString &)> committed, QWidget *parent)
     : QLineEdit(parent)
+    , m_caret(new BlinkingCaret(*this))
     , m_committed(std::move(committed))
 {
     setFont(systemFont(FontSizes::body));
@@ -24,6 +27,19 @@ NumberField::NumberField(std::function<void(const QString &)> committed, QWidget
     setFixedSize(fieldWidth + 2 * ControlStyle::faceMargin, ControlStyle::outerHeight);
     setTextMargins(textMargin, 0, textMargin, 0);
     connect(this, &QLineEdit::returnPressed, this, &NumberField::commit);
+    connect(this, &QLineEdit::cursorPositionChanged, m_caret, &BlinkingCaret::restart);
+}
+
+void NumberField::paintEvent(QPaintEvent *event)
+{
+    QLineEdit::paintEvent(event);
+    // The toolkit's rectangle is wider than the caret, so that text beside it is painted anew too.
+    constexpr int extraWidth = 5;
+    const QRect around = cursorRect();
+    QPainter painter(this);
+    m_caret->draw(
+        painter,
+        {around.left() + extraWidth, around.top(), BlinkingCaret::width, around.height() - 1});
 }
 
 void NumberField::focusOutEvent(QFocusEvent *event)

@@ -5,6 +5,8 @@
 
 #include <functional>
 
+class BlinkingCaret;
+
 /// A text field for a number. The text is committed by Return and, if it was edited, when the field
 /// loses focus or is hidden.
 class NumberField final : public QLineEdit
@@ -25,6 +27,7 @@ public:
     void commitIfEdited();
 
 protected:
+    void paintEvent(QPaintEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void hideEvent(QHideEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -33,6 +36,7 @@ protected:
 private:
     void commit();
 
+    BlinkingCaret *m_caret;
     std::function<void(const QString &)> m_committed;
     QString m_shown;
 };

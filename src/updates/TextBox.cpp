@@ -2,9 +2,12 @@
 #include "updates/TextBox.h"
 
 #include "look/Accessible.h"
+#include "look/BlinkingCaret.h"
+#include "look/ControlStyle.h"
 #include "look/Fonts.h"
 
 #include <QMimeData>
+#include <QPainter>
 #include <QTextBlock>
 #include <QTextDocumentFragment>
 
@@ -13,8 +16,9 @@
 
 namespace
 {
-constexpr int boxHeight = 132;
+constexpr int boxHeight = 132; // without the room for the focus ring
 constexpr int boxMargin = 8;
+constexpr int itemSpacing = 4;
 
 /// What an item of a list begins with; empty if @p line is not one.
 QStringView itemMark(QStringView line)
@@ -28,6 +32,7 @@ QStringView itemMark(QStringView line)
 
 TextBox::TextBox(const QString &name, QWidget *parent)
     : QTextEdit(parent)
+    , m_caret(new BlinkingCaret(*this))
 {
     setAccessibleName(name);
     Accessible::hide(*viewport());
@@ -35,10 +40,13 @@ TextBox::TextBox(const QString &name, QWidget *parent)
     // Text can be selected with the keyboard as well as with the mouse.
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setTabChangesFocus(true);
-    setFrameShape(QFrame::NoFrame);
+    setCursorWidth(0);
+    connect(this, &QTextEdit::cursorPositionChanged, m_caret, &BlinkingCaret::restart);
+    setFrameShape(QFrame::StyledPanel);
+    viewport()->setAutoFillBackground(false); // the style draws the face
     setFont(systemFont(FontSizes::subheadline));
     document()->setDocumentMargin(boxMargin);
-    setFixedHeight(boxHeight);
+    setFixedHeight(boxHeight + 2 * ControlStyle::faceMargin);
 }
 
 void TextBox::showText(const QString &text)
@@ -63,7 +71,17 @@ QTextBlockFormat TextBox::itemFormat(const QString &mark) const
     QTextBlockFormat format;
     format.setLeftMargin(indent);
     format.setTextIndent(-indent);
+    format.setBottomMargin(itemSpacing);
     return format;
+}
+
+void TextBox::paintEvent(QPaintEvent *event)
+{
+    QTextEdit::paintEvent(event);
+    QRect caret = cursorRect();
+    caret.setWidth(BlinkingCaret::width);
+    QPainter painter(viewport());
+    m_caret->draw(painter, caret);
 }
 
 QMimeData *TextBox::createMimeDataFromSelection() const

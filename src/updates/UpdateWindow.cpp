@@ -107,12 +107,13 @@ void UpdateWindow::layOut()
 
     m_column->setSpacing(spacing);
     m_column->addStrut(textWidth);
-    for (QWidget *const each :
-         {static_cast<QWidget *>(m_headline), static_cast<QWidget *>(m_text),
-          static_cast<QWidget *>(m_bar), static_cast<QWidget *>(m_remark),
-          static_cast<QWidget *>(m_notesTitle), static_cast<QWidget *>(m_notes),
-          static_cast<QWidget *>(m_details)}) {
+    for (QWidget *const each : {static_cast<QWidget *>(m_headline), static_cast<QWidget *>(m_text),
+                                static_cast<QWidget *>(m_bar), static_cast<QWidget *>(m_remark),
+                                static_cast<QWidget *>(m_notesTitle)}) {
         m_column->addWidget(each);
+    }
+    for (TextBox *const each : {m_notes, m_details}) {
+        m_column->addItem(new OverhangItem(each, ControlStyle::overhang));
     }
     addButtons();
     styleControls();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "settings/FrequencyControl.h"
 
+#include "support/Columns.h"
 #include "support/SettingsFixture.h"
 #include "support/TimeZone.h"
 
@@ -36,6 +37,17 @@ private slots:
         QTest::keyClick(number(), Qt::Key_Return);
         QTEST((*m_state)->intervalMinutes(), "minutes");
         QCOMPARE(number()->text(), QLocale::system().toString((*m_state)->intervalMinutes()));
+    }
+
+    void numbersCaret_isInTheAccentColour()
+    {
+        const QColor accent = number()->palette().color(QPalette::Link);
+        QVERIFY(QTest::qWaitForWindowActive(number()->window()));
+        number()->clearFocus();
+        QCOMPARE(columnsOf(*number(), accent), 0);
+        number()->setFocus();
+        number()->end(false);
+        QCOMPARE(columnsOf(*number(), accent), 1);
     }
 
     void numbersMenu_isOurs()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "updates/TextBox.h"
 
+#include "support/Columns.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -59,6 +61,17 @@ private slots:
         m_box.copy();
         QCOMPARE(QGuiApplication::clipboard()->text(), text);
         QVERIFY(!QGuiApplication::clipboard()->mimeData()->hasHtml());
+    }
+
+    void caret_isInTheAccentColour()
+    {
+        m_box.showText(u"text"_s);
+        QVERIFY(QTest::qWaitForWindowActive(&m_box));
+        const QColor accent = m_box.palette().color(QPalette::Link);
+        m_box.clearFocus();
+        QCOMPARE(columnsOf(m_box, accent), 0);
+        m_box.setFocus();
+        QCOMPARE(columnsOf(m_box, accent), 1);
     }
 
 private:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "updates/UpdaterController.h"
 
+#include "look/Look.h"
 #include "support/AppStateForTests.h"
 #include "support/EventLoopMeter.h"
 #include "updates/UpdateWindow.h"
@@ -204,6 +205,18 @@ private slots:
         QCOMPARE(notes->toPlainText(), packages().notes);
     }
 
+    void focusOnTheNotes_isSeen()
+    {
+        packages().notes = u"- New bells."_s;
+        check();
+        QVERIFY(QTest::qWaitForWindowActive(window()));
+        auto *const notes = window()->findChild<QTextEdit *>();
+        const QColor ring = notes->palette().color(Look::focusRingRole);
+        QVERIFY(colorBeside(*notes) != ring);
+        notes->setFocus(Qt::TabFocusReason);
+        QCOMPARE(colorBeside(*notes), ring);
+    }
+
     void details_areSeenOnRequestOnly()
     {
         const QString details = u"what the package manager says"_s;
@@ -254,6 +267,12 @@ private:
     }
     void install() { QTest::keyClick(window(), Qt::Key_Return); }
     [[nodiscard]] UpdateWindow *window() const { return m_controller->window(); }
+    /// Just outside of the text's face, where the ring of the focused control is.
+    [[nodiscard]] QColor colorBeside(const QWidget &text) const
+    {
+        const QPoint place = text.mapTo(window(), QPoint(1, text.height() / 2));
+        return window()->grab().toImage().pixelColor(place);
+    }
     [[nodiscard]] QProgressBar *progressBar() const
     {
         return window()->findChild<QProgressBar *>();
