@@ -229,6 +229,7 @@ void ControlStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *o
         drawRadio(*painter, *option);
         break;
     case PE_PanelMenu:
+    case PE_PanelTipLabel:
         MenuDrawing::drawPanel(*painter, *option, widget);
         break;
     case PE_FrameMenu:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "look/Labels.h"
 
+#include "look/ControlStyle.h"
 #include "look/Fonts.h"
 #include "look/Look.h"
 
@@ -74,14 +75,28 @@ bool ElidedLabel::event(QEvent *event)
         return QLabel::event(event);
     }
     QPalette colors; // tooltips do not inherit a label's
-    colors.setColor(QPalette::ToolTipBase, palette().color(Look::menuFaceRole));
+    for (const auto role : {Look::menuFaceRole, Look::rimShadeRole, Look::rimLightRole}) {
+        colors.setColor(role, palette().color(role));
+    }
     colors.setColor(QPalette::ToolTipText, palette().color(QPalette::WindowText));
     QToolTip::setPalette(colors);
     QToolTip::setFont(systemFont(FontSizes::subheadline));
     // Tooltips interpret text that looks like markup as markup.
     QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
                        QStringLiteral("<span>%1</span>").arg(text().toHtmlEscaped()), this);
+    dressUpTooltip();
     return true;
+}
+
+void ElidedLabel::dressUpTooltip()
+{
+    // The toolkit makes it a child of the widget that it is about.
+    auto *const tooltip = findChild<QLabel *>();
+    if (tooltip != nullptr && !tooltip->testAttribute(Qt::WA_SetStyle)) {
+        auto *const style = new ControlStyle;
+        style->setParent(tooltip);
+        tooltip->setStyle(style);
+    }
 }
 
 void ElidedLabel::layOut()

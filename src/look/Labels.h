@@ -47,6 +47,7 @@ private:
     };
 
     [[nodiscard]] QString shownText() const;
+    void dressUpTooltip();
     void layOut();
     void setShown(const QString &text);
 

@@ -167,8 +167,12 @@ private slots:
         QTextDocument shown;
         shown.setHtml(QToolTip::text());
         QCOMPARE(shown.toPlainText(), folder);
-        QCOMPARE(QToolTip::palette().color(QPalette::Inactive, QPalette::ToolTipBase),
-                 path()->palette().color(Look::menuFaceRole));
+        const QImage tooltip = path()->findChild<QLabel *>()->grab().toImage();
+        const QColor face = path()->palette().color(Look::menuFaceRole);
+        QCOMPARE(tooltip.pixelColor(2, 2), face);
+        // The rim of the menus, not the toolkit's black frame.
+        QVERIFY(tooltip.pixelColor(0, 4) != face);
+        QVERIFY(tooltip.pixelColor(0, 4).lightness() > 128);
         QToolTip::hideText();
     }
 
