@@ -25,7 +25,7 @@ constexpr auto dockRequest = "_NET_SYSTEM_TRAY_OPCODE";
 constexpr int patience = std::chrono::milliseconds(30s).count();
 } // namespace
 
-class LinuxTrayTest final : public SessionBusFixture
+class LinuxTrayTest final : public QObject
 {
     Q_OBJECT
 
