@@ -3,10 +3,12 @@
 
 #include "menubar/menuBarIcon.h"
 #include "platform/linux/tray/StatusNotifierItem.h"
+#include "platform/linux/tray/StatusNotifierWatcher.h"
 #include "support/SessionBusFixture.h"
 #include "support/TestDesktop.h"
 #include "support/X11Peer.h"
 
+#include <QDBusVariant>
 #include <QMenu>
 #include <QSignalSpy>
 
@@ -18,7 +20,7 @@ using namespace std::chrono_literals;
 
 namespace
 {
-const QString watcher = u"org.kde.StatusNotifierWatcher"_s;
+const QString service = u"org.kde.StatusNotifierWatcher"_s;
 constexpr auto oldTray = "_NET_SYSTEM_TRAY_S0";
 constexpr auto dockRequest = "_NET_SYSTEM_TRAY_OPCODE";
 // The tray gives panels some seconds at the start of a session.
@@ -81,10 +83,14 @@ private slots:
         QSignalSpy missing(m_tray.get(), &Tray::foundMissing);
         show();
         QVERIFY(missing.wait(patience));
-        {
-            const BusPeer host(watcher);
-        }
-        QCoreApplication::processEvents();
+        auto host = std::make_unique<BusPeer>(service);
+        host->answer = [](const QDBusMessage &call) {
+            return call.createReply(QVariant::fromValue(QDBusVariant(true)));
+        };
+        const auto *const watcher = m_tray->findChild<StatusNotifierWatcher *>();
+        QTRY_COMPARE(watcher->hosts(), StatusNotifierWatcher::Hosts::Some);
+        host.reset();
+        QTRY_COMPARE(watcher->hosts(), StatusNotifierWatcher::Hosts::None);
         QCOMPARE(missing.size(), 1);
     }
 
