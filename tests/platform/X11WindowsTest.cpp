@@ -10,7 +10,6 @@
 
 #include <array>
 #include <cmath>
-#include <cstring>
 #include <xcb/shape.h>
 
 using namespace Qt::StringLiterals;
@@ -29,9 +28,8 @@ xcb_window_t identifier(const QWidget &window)
 Numbers numbersIn(const QWidget &window, const QByteArray &property)
 {
     const QByteArray bytes = Xcb::property(identifier(window), property);
-    Numbers numbers(bytes.size() / qsizetype{sizeof(uint32_t)});
-    std::memcpy(numbers.data(), bytes.constData(), static_cast<size_t>(bytes.size()));
-    return numbers;
+    const auto *const first = reinterpret_cast<const uint32_t *>(bytes.constData());
+    return {first, first + (bytes.size() / qsizetype{sizeof(uint32_t)})};
 }
 
 bool isOutOfTaskbarAndPager(const QWidget &window)
